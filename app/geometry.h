@@ -1,0 +1,29 @@
+// Integer rectangles and points: play-field coordinates (virtual-screen
+// pixels, origin at the virtual screen's top-left corner) and client
+// coordinates of one window share these plain records.
+#pragma once
+
+#include <cstdint>
+
+struct Point {
+    int32_t x = 0;
+    int32_t y = 0;
+    friend bool operator==(const Point&, const Point&) = default;
+};
+
+// Edges as Windows keeps them: left and top inside, right and bottom outside.
+struct Rect {
+    int32_t left = 0;
+    int32_t top = 0;
+    int32_t right = 0;
+    int32_t bottom = 0;
+    friend bool operator==(const Rect&, const Rect&) = default;
+};
+
+inline int32_t Width(const Rect& r) { return r.right - r.left; }
+inline int32_t Height(const Rect& r) { return r.bottom - r.top; }
+inline bool IsEmpty(const Rect& r) { return r.right <= r.left || r.bottom <= r.top; }
+
+inline Rect Offset(const Rect& r, int32_t dx, int32_t dy) {
+    return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
+}

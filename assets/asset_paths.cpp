@@ -1,0 +1,43 @@
+// Parent folders and joined paths in Windows form.
+#include "assets/asset_paths.h"
+
+namespace {
+
+bool IsSeparator(wchar_t c) { return c == L'\\' || c == L'/'; }
+
+bool IsDriveLetter(wchar_t c) {
+    return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
+}
+
+// Length of the part a parent never cuts into: "C:", or "\\server" of a
+// UNC path, then any run of separators (the root directory).
+size_t RootLength(std::wstring_view path) {
+    size_t n = 0;
+    if (path.size() >= 2 && IsDriveLetter(path[0]) && path[1] == L':') {
+        n = 2;
+    } else if (path.size() >= 3 && IsSeparator(path[0]) && IsSeparator(path[1]) &&
+               !IsSeparator(path[2])) {
+        n = 2;
+        while (n < path.size() && !IsSeparator(path[n])) ++n;
+    }
+    while (n < path.size() && IsSeparator(path[n])) ++n;
+    return n;
+}
+
+}  // namespace
+
+std::wstring ParentFolder(std::wstring_view path) {
+    const size_t root = RootLength(path);
+    size_t end = path.size();
+    while (end > root && !IsSeparator(path[end - 1])) --end;
+    while (end > root && IsSeparator(path[end - 1])) --end;
+    return std::wstring(path.substr(0, end));
+}
+
+std::wstring JoinPath(std::wstring_view folder, std::wstring_view name) {
+    if (folder.empty()) return std::wstring(name);
+    std::wstring joined(folder);
+    if (!IsSeparator(joined.back())) joined += L'\\';
+    joined += name;
+    return joined;
+}

@@ -1,0 +1,48 @@
+# The native build: the portable core and its unit tests, the Wine test
+# harness, the Windows sub-build, and every test tier registered in CTest.
+enable_testing()
+find_package(GTest REQUIRED)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+set(PUFFINO_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion)
+set(PUFFINO_SANITIZERS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+
+# The portable core, twice: plain and under the sanitizers. Any Windows
+# include in these sources fails here.
+function(puffino_core_library name)
+  add_library(${name} STATIC ${PUFFINO_PORTABLE_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_compile_options(${name} PRIVATE ${PUFFINO_WARNINGS} ${ARGN})
+  target_link_options(${name} INTERFACE ${ARGN})
+endfunction()
+puffino_core_library(puffino_core)
+puffino_core_library(puffino_core_sanitized ${PUFFINO_SANITIZERS})
+
+# Every portable header compiles on its own, without Windows headers.
+set(HEADER_CHECK_SOURCES "")
+foreach(header IN LISTS PUFFINO_PORTABLE_HEADERS)
+  file(RELATIVE_PATH relative ${PROJECT_SOURCE_DIR} ${header})
+  string(MAKE_C_IDENTIFIER ${relative} stem)
+  set(check ${CMAKE_CURRENT_BINARY_DIR}/header_check/${stem}.cpp)
+  file(CONFIGURE OUTPUT ${check} CONTENT "#include \"${relative}\"\n")
+  list(APPEND HEADER_CHECK_SOURCES ${check})
+endforeach()
+add_library(portable_header_check OBJECT ${HEADER_CHECK_SOURCES})
+target_include_directories(portable_header_check PRIVATE ${PROJECT_SOURCE_DIR})
+
+include(${PROJECT_SOURCE_DIR}/tests/unit/UnitTests.cmake)
+include(${PROJECT_SOURCE_DIR}/tests/harness/Harness.cmake)
+
+# Puffino.exe and the Windows test programs, built by the cross toolchain.
+include(ExternalProject)
+set(PUFFINO_WINDOWS_BUILD ${CMAKE_BINARY_DIR}/windows)
+ExternalProject_Add(puffino_windows
+  SOURCE_DIR ${PROJECT_SOURCE_DIR}
+  BINARY_DIR ${PUFFINO_WINDOWS_BUILD}
+  CMAKE_ARGS -DCMAKE_TOOLCHAIN_FILE=${PROJECT_SOURCE_DIR}/cmake/mingw-w64-x86_64.cmake
+             -DCMAKE_BUILD_TYPE=Release
+  BUILD_ALWAYS ON
+  INSTALL_COMMAND ""
+  USES_TERMINAL_BUILD ON)
+
+include(${PROJECT_SOURCE_DIR}/tests/Tiers.cmake)

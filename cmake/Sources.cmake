@@ -1,0 +1,30 @@
+# The source lists shared by the native and the Windows build.
+# A file whose name ends in _win.cpp talks to Windows; every other source of
+# the subsystem folders is portable and is compiled natively as well, so a
+# stray Windows include outside a _win file breaks the native build.
+set(PUFFINO_SUBSYSTEMS app settings play render assets text)
+
+set(PUFFINO_PORTABLE_SOURCES "")
+set(PUFFINO_WIN_SOURCES "")
+set(PUFFINO_PORTABLE_HEADERS "")
+foreach(dir IN LISTS PUFFINO_SUBSYSTEMS)
+  file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${dir}/*.cpp")
+  foreach(source IN LISTS sources)
+    if(source MATCHES "_win\\.cpp$")
+      list(APPEND PUFFINO_WIN_SOURCES "${source}")
+    else()
+      list(APPEND PUFFINO_PORTABLE_SOURCES "${source}")
+    endif()
+  endforeach()
+  file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${dir}/*.h")
+  foreach(header IN LISTS headers)
+    if(NOT header MATCHES "_win\\.h$")
+      list(APPEND PUFFINO_PORTABLE_HEADERS "${header}")
+    endif()
+  endforeach()
+endforeach()
+
+# The entry point stands apart so that test programs can link the shell
+# without it.
+set(PUFFINO_ENTRY_SOURCE "${PROJECT_SOURCE_DIR}/app/main_win.cpp")
+list(REMOVE_ITEM PUFFINO_WIN_SOURCES "${PUFFINO_ENTRY_SOURCE}")

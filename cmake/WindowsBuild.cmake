@@ -1,0 +1,47 @@
+# Puffino.exe and the Windows-side test programs, cross-compiled with
+# mingw-w64 and linked statically: the program needs no DLL besides the
+# system's.
+add_compile_definitions(UNICODE _UNICODE NOMINMAX _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+add_compile_options(-Wall -Wextra)
+add_link_options(-static -static-libgcc -static-libstdc++)
+include_directories(${PROJECT_SOURCE_DIR})
+
+set(PUFFINO_SYSTEM_LIBRARIES gdiplus winmm ole32 uuid shell32 user32 gdi32)
+
+# The icon group 101 (256, 128, 64 and 32 px) from the icon artwork.
+find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+set(IMAGEMAGICK_CONVERT /usr/bin/convert)  # the real ImageMagick, by full path
+set(ICON_SOURCE ${PROJECT_SOURCE_DIR}/resources/icon.svg)
+set(ICON_FILE ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.ico)
+set(ICON_PNGS "")
+foreach(size 256 128 64 32)
+  set(png ${CMAKE_CURRENT_BINARY_DIR}/resources/icon-${size}.png)
+  add_custom_command(OUTPUT ${png}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/resources
+    COMMAND ${RSVG_CONVERT} -w ${size} -h ${size} -o ${png} ${ICON_SOURCE}
+    DEPENDS ${ICON_SOURCE} VERBATIM)
+  list(APPEND ICON_PNGS ${png})
+endforeach()
+add_custom_command(OUTPUT ${ICON_FILE}
+  COMMAND ${IMAGEMAGICK_CONVERT} ${ICON_PNGS} ${ICON_FILE}
+  DEPENDS ${ICON_PNGS} VERBATIM)
+configure_file(${PROJECT_SOURCE_DIR}/resources/Puffino.manifest
+               ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.manifest COPYONLY)
+configure_file(${PROJECT_SOURCE_DIR}/resources/Puffino.rc
+               ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.rc COPYONLY)
+set(PUFFINO_RC ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.rc)
+set_source_files_properties(${PUFFINO_RC} PROPERTIES OBJECT_DEPENDS
+  "${ICON_FILE};${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.manifest")
+
+add_executable(Puffino WIN32 ${PUFFINO_ENTRY_SOURCE} ${PUFFINO_WIN_SOURCES}
+                             ${PUFFINO_PORTABLE_SOURCES} ${PUFFINO_RC})
+target_link_options(Puffino PRIVATE -municode)
+target_link_libraries(Puffino PRIVATE ${PUFFINO_SYSTEM_LIBRARIES})
+
+# GoogleTest from Debian's sources, built with this toolchain for the tests
+# that run under Wine.
+set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+add_subdirectory(/usr/src/googletest ${CMAKE_CURRENT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
+
+include(${PROJECT_SOURCE_DIR}/tests/wine/WineTests.cmake)
