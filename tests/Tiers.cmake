@@ -1,0 +1,55 @@
+# The three test tiers, all in CTest; the labels unit, wine and e2e name them.
+#  unit: native GoogleTest on the portable core, plain and sanitized.
+#  wine: GoogleTest programs built with mingw, run under Wine by the harness.
+#  e2e:  the real Puffino.exe under Wine in Xvfb, driven from Python.
+set(HARNESS_DIR ${PROJECT_SOURCE_DIR}/tests/harness)
+set(WINE_TEST_PROGRAMS ${PUFFINO_WINDOWS_BUILD}/tests)
+set(HARNESS_ENVIRONMENT "PUFFINO_BUILD_DIR=${CMAKE_BINARY_DIR};PYTHONPATH=${HARNESS_DIR}")
+
+add_test(NAME unit.core COMMAND unit_tests)
+add_test(NAME unit.core_sanitized COMMAND unit_tests_sanitized)
+set_tests_properties(unit.core unit.core_sanitized PROPERTIES LABELS unit TIMEOUT 300)
+
+# One freshly booted prefix per test run; every Wine session copies it.
+add_test(NAME wine.prefix COMMAND ${Python3_EXECUTABLE} ${HARNESS_DIR}/prepare_prefix.py)
+set_tests_properties(wine.prefix PROPERTIES FIXTURES_SETUP wine_prefix LABELS wine
+                     ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+
+# puffino_wine_test(NAME [HEADS monitors] [DPI n] COMMAND program args...)
+function(puffino_wine_test name)
+  cmake_parse_arguments(ARG "" "HEADS;DPI" "COMMAND" ${ARGN})
+  set(options --label wine.${name})
+  if(ARG_HEADS)
+    list(APPEND options --heads ${ARG_HEADS})
+  endif()
+  if(ARG_DPI)
+    list(APPEND options --dpi ${ARG_DPI})
+  endif()
+  add_test(NAME wine.${name}
+           COMMAND ${Python3_EXECUTABLE} ${HARNESS_DIR}/run_in_wine.py ${options} ${ARG_COMMAND})
+  set_tests_properties(wine.${name} PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS wine
+                       ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+endfunction()
+
+# puffino_e2e_test(NAME unittest-name)
+function(puffino_e2e_test name target)
+  add_test(NAME e2e.${name} COMMAND ${Python3_EXECUTABLE} -m unittest -v ${target}
+           WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
+  set_tests_properties(e2e.${name} PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2e
+                       ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 900)
+endfunction()
+
+# Monitor layouts, primary first, in X screen coordinates.
+set(LEFT_OF_PRIMARY 1920x1080+1920+0,1920x1080+0+0)
+
+puffino_wine_test(shell.two_monitors
+  COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=TwoMonitors.*)
+puffino_wine_test(shell.left_of_primary HEADS ${LEFT_OF_PRIMARY}
+  COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=LeftOfPrimary.*)
+puffino_wine_test(shell.dpi_144 HEADS 1920x1080+0+0 DPI 144
+  COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=HighDpi.*)
+puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
+
+puffino_e2e_test(shell.two_monitors test_shell.TwoMonitors)
+puffino_e2e_test(shell.left_of_primary test_shell.LeftOfPrimary)
+puffino_e2e_test(shell.shipped_executable test_shell.ShippedExecutable)

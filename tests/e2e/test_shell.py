@@ -1,0 +1,130 @@
+"""The real Puffino.exe under Wine: its windows on every monitor, the home
+window, single instance, exit codes, and what the screen shows."""
+
+import subprocess
+import unittest
+
+from wine_session import PUFFINO_EXE, TWO_MONITORS, WineSession
+
+WS_EX_TOPMOST = 0x8
+WS_EX_TOOLWINDOW = 0x80
+WS_POPUP = 0x80000000
+WS_VISIBLE = 0x10000000
+WS_CAPTION = 0xC00000
+WS_THICKFRAME = 0x40000
+WM_CLOSE = 0x10
+WM_GUARDED_KEY = 0x8001
+VK_F4 = 0x73
+PALE_BLUE = (0xC8, 0xE4, 0xFA)  # the frame buffer before the landscapes
+
+
+class SessionTest(unittest.TestCase):
+    heads = TWO_MONITORS
+
+    @classmethod
+    def setUpClass(cls):
+        cls.session = WineSession(cls.__name__, heads=cls.heads).__enter__()
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.session.__exit__(None, None, None)
+
+    def by_left(self, windows):
+        return {w["rect"][0]: w for w in windows}
+
+    def home(self, windows):
+        homes = [w for w in windows if w["foreground"]]
+        self.assertEqual(len(homes), 1, windows)
+        return homes[0]
+
+    def close(self, process, window):
+        self.session.post(window["hwnd"], WM_CLOSE)
+        self.assertEqual(self.session.wait_exit(process), 0)
+        self.assertEqual(self.session.windows(), [])
+
+
+class TwoMonitors(SessionTest):
+    """1920x1080 primary with 1280x1024 to its right."""
+
+    def test_one_topmost_tool_window_covers_each_monitor(self):
+        process, windows = self.session.start_puffino(2)
+        by_left = self.by_left(windows)
+        self.assertEqual(by_left[0]["rect"], [0, 0, 1920, 1080])
+        self.assertEqual(by_left[1920]["rect"], [1920, 0, 3200, 1024])
+        for window in windows:
+            self.assertEqual(window["title"], "Puffino")
+            self.assertEqual(window["exstyle"] & (WS_EX_TOPMOST | WS_EX_TOOLWINDOW),
+                             WS_EX_TOPMOST | WS_EX_TOOLWINDOW)
+            self.assertEqual(window["style"] & (WS_POPUP | WS_VISIBLE), WS_POPUP | WS_VISIBLE)
+            self.assertEqual(window["style"] & (WS_CAPTION | WS_THICKFRAME), 0)
+        self.assertIs(self.home(windows), by_left[0])
+
+        shot = self.session.screenshot("two-monitors")
+        for x, y in [(5, 5), (960, 540), (1914, 1074), (1925, 5), (3194, 1018)]:
+            self.assertEqual(shot.pixel(x, y), PALE_BLUE, (x, y))
+        self.assertEqual(shot.pixel(2500, 1050), (0, 0, 0), "below the smaller monitor: no window")
+        # WM_CLOSE on the secondary window ends play as on the home window.
+        self.close(process, by_left[1920])
+
+    def test_second_launch_exits_at_once_and_adds_no_window(self):
+        process, windows = self.session.start_puffino(2)
+        code, _, _ = self.session.run(PUFFINO_EXE, timeout=30)
+        self.assertEqual(code, 0)
+        again = self.session.windows()
+        self.assertEqual(sorted(w["hwnd"] for w in again), sorted(w["hwnd"] for w in windows))
+        self.close(process, windows[0])
+
+    def test_launch_value_makes_the_second_monitor_home(self):
+        process, windows = self.session.start_puffino(
+            2, env={"TONKARI_LAUNCH_MONITOR": "1920,0,3200,1024"})
+        self.assertEqual(self.home(windows)["rect"][0], 1920)
+        self.close(process, windows[0])
+
+    def test_launch_value_naming_no_monitor_exits_with_1(self):
+        code, _, _ = self.session.run(PUFFINO_EXE, env={"TONKARI_LAUNCH_MONITOR": "5000,0,6000,1000"},
+                                      timeout=30)
+        self.assertEqual(code, 1)
+        self.assertEqual(self.session.windows(), [])
+
+    def test_guarded_alt_f4_ends_play_with_0(self):
+        process, windows = self.session.start_puffino(2)
+        self.session.post(self.home(windows)["hwnd"], WM_GUARDED_KEY, VK_F4)
+        self.assertEqual(self.session.wait_exit(process), 0)
+        self.assertEqual(self.session.windows(), [])
+
+
+class LeftOfPrimary(SessionTest):
+    """A second 1920x1080 monitor left of the primary: the virtual screen
+    starts at x = -1920."""
+    heads = ("1920x1080+1920+0", "1920x1080+0+0")
+
+    def test_windows_and_home_left_of_the_origin(self):
+        process, windows = self.session.start_puffino(2)
+        by_left = self.by_left(windows)
+        self.assertEqual(by_left[-1920]["rect"], [-1920, 0, 0, 1080])
+        self.assertEqual(by_left[0]["rect"], [0, 0, 1920, 1080])
+        self.assertIs(self.home(windows), by_left[0])
+        shot = self.session.screenshot("left-of-primary")
+        self.assertEqual(shot.pixel(10, 10), PALE_BLUE)     # the left monitor
+        self.assertEqual(shot.pixel(1930, 10), PALE_BLUE)   # the primary
+        self.close(process, by_left[-1920])
+
+
+class ShippedExecutable(unittest.TestCase):
+    """Puffino.exe runs from a folder on a bare Windows PC: it imports no
+    DLL beyond the system's."""
+
+    SYSTEM_DLLS = {"kernel32.dll", "msvcrt.dll", "user32.dll", "gdi32.dll", "gdiplus.dll",
+                   "ole32.dll", "shell32.dll", "winmm.dll", "advapi32.dll"}
+
+    def test_imports_only_system_dlls(self):
+        dump = subprocess.run(["x86_64-w64-mingw32-objdump", "-p", str(PUFFINO_EXE)], check=True,
+                              stdout=subprocess.PIPE, text=True).stdout
+        imported = {line.split(":", 1)[1].strip().lower()
+                    for line in dump.splitlines() if "DLL Name:" in line}
+        self.assertTrue(imported)
+        self.assertLessEqual(imported, self.SYSTEM_DLLS)
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,120 @@
+// The tests' eyes and hands inside a Wine session: lists Puffino's windows
+// as the system sees them, reports the monitors, and posts messages.
+// Output is one JSON document on stdout.
+//   probe windows               every top-level "PuffinoWindow"
+//   probe monitors              virtual screen and monitor rectangles
+//   probe post HWND MSG WP LP   PostMessageW (numbers in decimal)
+#include <windows.h>
+
+#include <cstdio>
+#include <cwchar>
+#include <string>
+#include <vector>
+
+namespace {
+
+std::string Utf8(const std::wstring& text) {
+    std::string out;
+    for (wchar_t c : text) {
+        if (c == L'"' || c == L'\\') out += '\\';
+        if (c < 0x80) {
+            out += static_cast<char>(c);
+        } else {
+            char buffer[8] = {};
+            const int n = WideCharToMultiByte(CP_UTF8, 0, &c, 1, buffer, sizeof buffer, nullptr, nullptr);
+            out.append(buffer, n);
+        }
+    }
+    return out;
+}
+
+std::string RectJson(const RECT& r) {
+    char buffer[96];
+    std::snprintf(buffer, sizeof buffer, "[%ld, %ld, %ld, %ld]", r.left, r.top, r.right, r.bottom);
+    return buffer;
+}
+
+struct Found {
+    std::vector<std::string> items;
+};
+
+BOOL CALLBACK ListWindow(HWND hwnd, LPARAM data) {
+    auto& found = *reinterpret_cast<Found*>(data);
+    wchar_t className[128] = {};
+    GetClassNameW(hwnd, className, 128);
+    if (std::wcscmp(className, L"PuffinoWindow") != 0) return TRUE;
+    wchar_t title[128] = {};
+    GetWindowTextW(hwnd, title, 128);
+    RECT rect{};
+    GetWindowRect(hwnd, &rect);
+    DWORD pid = 0;
+    GetWindowThreadProcessId(hwnd, &pid);
+    char buffer[512];
+    std::snprintf(buffer, sizeof buffer,
+                  "{\"hwnd\": %llu, \"pid\": %lu, \"title\": \"%s\", \"style\": %lu, \"exstyle\": %lu, "
+                  "\"rect\": %s, \"visible\": %s, \"foreground\": %s, \"zorder\": %zu}",
+                  static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(hwnd)), pid,
+                  Utf8(title).c_str(), static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_STYLE)),
+                  static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)), RectJson(rect).c_str(),
+                  IsWindowVisible(hwnd) ? "true" : "false",
+                  GetForegroundWindow() == hwnd ? "true" : "false", found.items.size());
+    found.items.push_back(buffer);
+    return TRUE;
+}
+
+BOOL CALLBACK ListMonitor(HMONITOR monitor, HDC, LPRECT, LPARAM data) {
+    auto& found = *reinterpret_cast<Found*>(data);
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetMonitorInfoW(monitor, &info)) return TRUE;
+    found.items.push_back("{\"rect\": " + RectJson(info.rcMonitor) + ", \"primary\": " +
+                          ((info.dwFlags & MONITORINFOF_PRIMARY) ? "true" : "false") + "}");
+    return TRUE;
+}
+
+void PrintArray(const std::vector<std::string>& items) {
+    std::printf("[");
+    for (size_t i = 0; i < items.size(); ++i) std::printf("%s%s", i ? ",\n " : "", items[i].c_str());
+    std::printf("]\n");
+}
+
+int Windows() {
+    Found found;
+    EnumWindows(ListWindow, reinterpret_cast<LPARAM>(&found));
+    PrintArray(found.items);
+    return 0;
+}
+
+int Monitors() {
+    Found found;
+    EnumDisplayMonitors(nullptr, nullptr, ListMonitor, reinterpret_cast<LPARAM>(&found));
+    std::printf("{\"virtual\": [%d, %d, %d, %d], \"dpi\": %u, \"monitors\": ",
+                GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_YVIRTUALSCREEN),
+                GetSystemMetrics(SM_CXVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN),
+                GetDpiForSystem());
+    PrintArray(found.items);
+    std::printf("}\n");
+    return 0;
+}
+
+int Post(wchar_t** argv) {
+    const auto hwnd = reinterpret_cast<HWND>(static_cast<uintptr_t>(std::wcstoull(argv[2], nullptr, 10)));
+    const BOOL ok = PostMessageW(hwnd, static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10)),
+                                 static_cast<WPARAM>(std::wcstoull(argv[4], nullptr, 10)),
+                                 static_cast<LPARAM>(std::wcstoll(argv[5], nullptr, 10)));
+    std::printf("{\"posted\": %s}\n", ok ? "true" : "false");
+    return ok ? 0 : 3;
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    // Coordinates in physical pixels, as Puffino sees them.
+    SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+    const std::wstring command = argc > 1 ? argv[1] : L"";
+    if (command == L"windows") return Windows();
+    if (command == L"monitors") return Monitors();
+    if (command == L"post" && argc == 6) return Post(argv);
+    std::fprintf(stderr, "usage: probe windows | monitors | post HWND MSG WPARAM LPARAM\n");
+    return 2;
+}

@@ -1,0 +1,31 @@
+#!/usr/bin/env python3
+"""Runs one Windows test program inside a fresh Wine session and exits with
+its exit code.
+
+  run_in_wine.py [--heads WxH+X+Y,...] [--dpi N] [--label NAME] PROGRAM [ARGS...]
+
+--heads lists the monitors in X screen coordinates, primary first."""
+
+import argparse
+import sys
+
+from wine_session import TWO_MONITORS, WineSession
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--heads", default=",".join(TWO_MONITORS))
+    parser.add_argument("--dpi", type=int)
+    parser.add_argument("--label", default="wine-test")
+    parser.add_argument("program")
+    parser.add_argument("args", nargs=argparse.REMAINDER)
+    options = parser.parse_args()
+    with WineSession(options.label, heads=options.heads.split(","), dpi=options.dpi) as session:
+        code, out, err = session.run(options.program, *options.args, timeout=600)
+    sys.stdout.write(out)
+    sys.stderr.write(err)
+    return code
+
+
+if __name__ == "__main__":
+    sys.exit(main())

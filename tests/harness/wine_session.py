@@ -1,0 +1,279 @@
+"""A private Wine session for the Wine-tier and end-to-end tests and for the
+demo: a copy of the prepared prefix, an Xvfb server sized to the chosen
+monitors, the stand-in libXinerama.so.1 that reports them to Wine, and a
+persistent wineserver. Tests see Puffino only through this module: window
+lists from the probe program, screenshots with pixel probes, xdotool input,
+files in the prefix and exit codes."""
+
+import json
+import os
+import shutil
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+REPO = Path(__file__).resolve().parents[2]
+BUILD = Path(os.environ.get("PUFFINO_BUILD_DIR", REPO / "build"))
+WINDOWS_BUILD = BUILD / "windows"
+PUFFINO_EXE = WINDOWS_BUILD / "Puffino.exe"
+PROBE_EXE = WINDOWS_BUILD / "tests" / "probe.exe"
+TEMPLATE = BUILD / "wine" / "template"
+SESSIONS = BUILD / "wine" / "sessions"
+ARTIFACTS = BUILD / "test-artifacts"
+FAKE_XINERAMA_DIR = BUILD / "harness" / "lib"
+IMPORT = "/usr/bin/import"    # the real ImageMagick tools, by full path
+CONVERT = "/usr/bin/convert"
+
+# 1920x1080 primary with a 1280x1024 monitor to its right.
+TWO_MONITORS = ("1920x1080+0+0", "1280x1024+1920+0")
+
+
+def wine_environment(prefix, display=None, heads=()):
+    """The environment of every Wine call: private prefix, 64-bit, quiet, no
+    Mono or Gecko install dialogs (they would block forever)."""
+    env = {k: v for k, v in os.environ.items() if not k.startswith(("WINE", "TONKARI_"))}
+    env.update(WINEPREFIX=str(prefix), WINEARCH="win64", WINEDEBUG="-all",
+               WINEDLLOVERRIDES="mscoree,mshtml=")
+    if display:
+        env["DISPLAY"] = display
+    if heads:
+        env["PUFFINO_FAKE_HEADS"] = ",".join(heads)
+        env["LD_LIBRARY_PATH"] = ":".join(
+            p for p in (str(FAKE_XINERAMA_DIR), os.environ.get("LD_LIBRARY_PATH")) if p)
+    return env
+
+
+def windows_path(path):
+    """A Unix path as Wine programs see it (drive Z: is the root)."""
+    return "Z:" + str(Path(path).resolve()).replace("/", "\\")
+
+
+def parse_head(text):
+    size, x, y = text.split("+")
+    width, height = size.split("x")
+    return int(width), int(height), int(x), int(y)
+
+
+class Xvfb:
+    """An X server of its own, on a display number it picks itself."""
+
+    def __init__(self, width, height):
+        read_end, write_end = os.pipe()
+        self.process = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24",
+             "-nolisten", "tcp", "-extension", "RANDR", "-noreset"],
+            pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(write_end)
+        with os.fdopen(read_end) as pipe:
+            number = pipe.readline().strip()
+        if not number:
+            self.process.kill()
+            raise RuntimeError("Xvfb did not start")
+        self.display = ":" + number
+
+    def stop(self):
+        self.process.terminate()
+        try:
+            self.process.wait(timeout=10)
+        except subprocess.TimeoutExpired:
+            self.process.kill()
+
+
+def prepare_template():
+    """Boots a fresh prefix once per test run; sessions copy it (a cold boot
+    takes seconds, a copy a fraction of that)."""
+    if TEMPLATE.exists():
+        shutil.rmtree(TEMPLATE)
+    TEMPLATE.parent.mkdir(parents=True, exist_ok=True)
+    xvfb = Xvfb(1024, 768)
+    try:
+        env = wine_environment(TEMPLATE, xvfb.display)
+        subprocess.run(["wineboot", "-i"], env=env, check=True,
+                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=300)
+        # Wine reads the monitor layout from Xinerama (our stand-in) only
+        # while XRandR is off.
+        # Without a window manager, Wine waits two seconds for one on every
+        # hide of a managed window; unmanaged windows are placed exactly as
+        # Windows would place them and go without the wait.
+        for name in ("UseXRandR", "Managed"):
+            subprocess.run(["wine", "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", name,
+                            "/d", "N", "/f"], env=env, check=True,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=120)
+        # The registry reaches the disk when the wineserver ends.
+        subprocess.run(["wineserver", "-w"], env=env, timeout=120)
+    finally:
+        xvfb.stop()
+
+
+class Screenshot:
+    """The whole X screen as RGB bytes, saved as a PNG beside the test's
+    other artifacts."""
+
+    def __init__(self, png, width, height, rgb):
+        self.png, self.width, self.height, self.rgb = png, width, height, rgb
+
+    def pixel(self, x, y):
+        i = 3 * (y * self.width + x)
+        return tuple(self.rgb[i:i + 3])
+
+
+class WineSession:
+    """One Wine world: prefix copy, Xvfb, monitors, wineserver. Use as a
+    context manager; everything is removed again on exit (the artifacts
+    folder keeps the screenshots)."""
+
+    def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None):
+        self.label = label
+        self.heads = tuple(heads)
+        self.dpi = dpi
+        self.artifacts = Path(artifacts) if artifacts else ARTIFACTS / label
+        self.processes = []
+        self.shots = 0
+
+    # -- life cycle ---------------------------------------------------------
+
+    def __enter__(self):
+        try:
+            self.start()
+        except BaseException:
+            self.stop()
+            raise
+        return self
+
+    def __exit__(self, *exc):
+        self.stop()
+
+    def start(self):
+        if not (TEMPLATE / "system.reg").exists():
+            prepare_template()
+        SESSIONS.mkdir(parents=True, exist_ok=True)
+        self.artifacts.mkdir(parents=True, exist_ok=True)
+        self.root = Path(tempfile.mkdtemp(prefix=self.label + "-", dir=SESSIONS))
+        self.prefix = self.root / "prefix"
+        subprocess.run(["cp", "-a", "--reflink=auto", str(TEMPLATE), str(self.prefix)], check=True)
+        if self.dpi:
+            self.set_dpi(self.dpi)
+        heads = [parse_head(h) for h in self.heads]
+        self.width = max(x + w for w, h, x, y in heads)
+        self.height = max(y + h for w, h, x, y in heads)
+        self.xvfb = Xvfb(self.width, self.height)
+        self.env = wine_environment(self.prefix, self.xvfb.display, self.heads)
+        # A persistent wineserver makes every later program start quickly.
+        subprocess.run(["wineserver", "-p"], env=self.env, check=True)
+
+    def stop(self):
+        for process in self.processes:
+            if process.poll() is None:
+                process.kill()
+        if getattr(self, "env", None):
+            subprocess.run(["wineserver", "-k"], env=self.env,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            subprocess.run(["wineserver", "-w"], env=self.env, timeout=60)
+        for process in self.processes:
+            try:
+                process.wait(timeout=10)
+            except subprocess.TimeoutExpired:
+                pass
+        if getattr(self, "xvfb", None):
+            self.xvfb.stop()
+        if getattr(self, "root", None):
+            shutil.rmtree(self.root, ignore_errors=True)
+
+    def set_dpi(self, dpi):
+        """LogPixels in the user's registry: GetDpiForWindow then reports it
+        on every monitor (Wine has one DPI for all of them)."""
+        with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
+            reg.write('\n[Control Panel\\\\Desktop] 1700000000\n'
+                      f'"LogPixels"=dword:{dpi:08x}\n')
+
+    # -- programs ------------------------------------------------------------
+
+    def program_env(self, env=None):
+        merged = dict(self.env)
+        merged.update(env or {})
+        return merged
+
+    def launch(self, exe=PUFFINO_EXE, *args, env=None):
+        """Starts a Windows program and returns at once."""
+        process = subprocess.Popen(["wine", str(exe), *args], env=self.program_env(env),
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.processes.append(process)
+        return process
+
+    def run(self, exe, *args, env=None, timeout=120):
+        """Runs a Windows program to its end; returns (exit code, stdout,
+        stderr). Output goes through files, not pipes: Wine's helper
+        processes inherit the handles and outlive the program."""
+        with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+            process = subprocess.Popen(["wine", str(exe), *args], env=self.program_env(env),
+                                       stdout=out, stderr=err)
+            try:
+                code = process.wait(timeout=timeout)
+            except subprocess.TimeoutExpired:
+                process.kill()
+                raise
+            out.seek(0)
+            err.seek(0)
+            return code, out.read().decode("utf-8", "replace"), err.read().decode("utf-8", "replace")
+
+    def probe(self, *args):
+        code, out, err = self.run(PROBE_EXE, *[str(a) for a in args], timeout=60)
+        if code != 0:
+            raise RuntimeError(f"probe {args} failed ({code}): {err}")
+        return json.loads(out)
+
+    def windows(self):
+        return self.probe("windows")
+
+    def post(self, hwnd, message, wparam=0, lparam=0):
+        return self.probe("post", hwnd, message, wparam, lparam)
+
+    def wait_for(self, condition, what, timeout=30.0):
+        """Polls condition() until it returns something true; the deadline
+        only bounds a failure."""
+        deadline = time.monotonic() + timeout
+        while True:
+            value = condition()
+            if value:
+                return value
+            if time.monotonic() > deadline:
+                raise AssertionError(f"timed out waiting for {what}")
+            time.sleep(0.1)
+
+    def wait_for_windows(self, count, timeout=30.0):
+        def shown():
+            found = self.windows()
+            return found if len(found) == count and all(w["visible"] for w in found) else None
+        return self.wait_for(shown, f"{count} visible Puffino windows", timeout)
+
+    def start_puffino(self, windows, env=None):
+        """Starts Puffino.exe and waits until it shows that many windows."""
+        process = self.launch(PUFFINO_EXE, env=env)
+        try:
+            return process, self.wait_for_windows(windows)
+        except AssertionError:
+            process.kill()
+            raise
+
+    def wait_exit(self, process, timeout=30):
+        try:
+            return process.wait(timeout=timeout)
+        except subprocess.TimeoutExpired:
+            process.kill()
+            raise AssertionError("Puffino did not end") from None
+
+    # -- what a person sees and does ------------------------------------------
+
+    def screenshot(self, name=None):
+        self.shots += 1
+        png = self.artifacts / f"{name or 'shot-%02d' % self.shots}.png"
+        subprocess.run([IMPORT, "-display", self.xvfb.display, "-window", "root", str(png)],
+                       check=True, timeout=60)
+        rgb = subprocess.run([CONVERT, str(png), "-depth", "8", "rgb:-"], check=True,
+                             stdout=subprocess.PIPE, timeout=60).stdout
+        return Screenshot(png, self.width, self.height, rgb)
+
+    def xdotool(self, *args):
+        subprocess.run(["xdotool", *[str(a) for a in args]], check=True, timeout=30,
+                       env={**os.environ, "DISPLAY": self.xvfb.display})

@@ -1,0 +1,32 @@
+# Windows-side test programs, run under Wine by the harness.
+set(TESTS_OUT ${CMAKE_CURRENT_BINARY_DIR}/tests)
+
+# The harness's probe: lists Puffino's windows and posts messages to them.
+add_executable(probe ${PROJECT_SOURCE_DIR}/tests/harness/probe_win.cpp)
+target_link_options(probe PRIVATE -municode)
+target_link_libraries(probe PRIVATE user32)
+set_target_properties(probe PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})
+
+# GoogleTest programs. The shell's tests link the real shell with recording
+# stand-ins for the play field, the scene and the volume clamp.
+function(puffino_wine_tests name)
+  add_executable(${name} ${ARGN})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE gtest_main ${PUFFINO_SYSTEM_LIBRARIES})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})
+endfunction()
+
+file(GLOB SHELL_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/app/*.cpp)
+list(REMOVE_ITEM SHELL_SOURCES ${PUFFINO_ENTRY_SOURCE})
+puffino_wine_tests(shell_tests
+  ${CMAKE_CURRENT_LIST_DIR}/shell_tests.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/shell_fakes.cpp
+  ${SHELL_SOURCES}
+  ${PROJECT_SOURCE_DIR}/play/random.cpp
+  ${PROJECT_SOURCE_DIR}/render/frame_buffers_win.cpp)
+
+puffino_wine_tests(resources_tests
+  ${CMAKE_CURRENT_LIST_DIR}/resources_tests.cpp
+  ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
+  ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
+add_dependencies(resources_tests Puffino)
