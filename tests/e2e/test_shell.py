@@ -92,6 +92,13 @@ class TwoMonitors(SessionTest):
         self.assertEqual(self.session.wait_exit(process), 0)
         self.assertEqual(self.session.windows(), [])
 
+    def test_alt_f4_typed_on_the_keyboard_ends_play_with_0(self):
+        process, windows = self.session.start_puffino(2)
+        self.session.xdotool("mousemove", 400, 300)  # keys go where the pointer is
+        self.session.xdotool("key", "alt+F4")
+        self.assertEqual(self.session.wait_exit(process), 0)
+        self.assertEqual(self.session.windows(), [])
+
 
 class LeftOfPrimary(SessionTest):
     """A second 1920x1080 monitor left of the primary: the virtual screen
