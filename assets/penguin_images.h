@@ -2,7 +2,11 @@
 // beside the executable and kept until the end of the process.
 #pragma once
 
+#include <cstdint>
 #include <string>
+
+// The four pose pictures: standing, blowing, celebrating, cheering.
+enum class PoseImage { Idle, Blow, Celebrate, Cheer };
 
 // Loads and cleans up every pose picture found in the folder; missing or
 // unreadable pictures leave their slot empty.
@@ -10,3 +14,7 @@ void LoadPenguinImages(const std::wstring& folder);
 
 // Frees the pictures; called before GDI+ shuts down.
 void ReleasePenguinImages();
+
+// The size in pixels of a loaded pose picture; false when that picture is
+// missing. The play field places the penguin and its hit test with it.
+bool PoseImageSize(PoseImage image, int32_t& width, int32_t& height);

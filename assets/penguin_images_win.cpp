@@ -6,3 +6,7 @@ void LoadPenguinImages(const std::wstring&) {
 }
 
 void ReleasePenguinImages() {}
+
+bool PoseImageSize(PoseImage, int32_t&, int32_t&) {
+    return false;  // no picture is loaded yet
+}
