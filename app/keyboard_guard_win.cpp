@@ -1,18 +1,55 @@
-// The keyboard guard's hook: installed at start-up, removed when play ends.
+// The keyboard guard's hook: reads the event and the modifier keys, applies
+// the guard's rules and posts the keys it reports to the home window.
+// Installed at start-up, removed when play ends.
 #include "app/keyboard_guard_win.h"
 
+#include "app/display_windows.h"
+#include "app/keyboard_guard.h"
 #include "app/shell.h"
 
 HHOOK g_keyboardHook = nullptr;
 
+namespace {
+
+bool Held(int virtualKey) { return (GetAsyncKeyState(virtualKey) & 0x8000) != 0; }
+
+GuardedKey ReadKey(int code, WPARAM wParam, const KBDLLHOOKSTRUCT& event) {
+    GuardedKey key;
+    key.isAction = code == HC_ACTION;
+    key.message = static_cast<uint32_t>(wParam);
+    key.vkCode = event.vkCode;
+    key.flags = event.flags;
+    // Windows marks Alt in the event's flags; Wine never sets LLKHF_ALTDOWN
+    // and shows a held Alt only through the asynchronous key state, so both
+    // are asked.
+    key.altDown = (event.flags & LLKHF_ALTDOWN) || Held(VK_MENU) || Held(VK_LMENU) || Held(VK_RMENU);
+    key.ctrlDown = Held(VK_CONTROL);
+    key.shiftDown = Held(VK_SHIFT);
+    key.winDown = Held(VK_LWIN) || Held(VK_RWIN);
+    key.targetPresent = g_shortcutTarget != nullptr;
+    return key;
+}
+
+}  // namespace
+
 LRESULT CALLBACK KeyboardGuardProc(int code, WPARAM wParam, LPARAM lParam) {
-    // The shortcut rules join with the keyboard guard; until then every key
-    // passes.
+    if (code == HC_ACTION) {
+        const auto& event = *reinterpret_cast<const KBDLLHOOKSTRUCT*>(lParam);
+        const GuardDecision decision = DecideGuardedKey(ReadKey(code, wParam, event));
+        // Only a post that got through swallows a reported key; a failed one
+        // leaves the key to the block rules (Alt+F4 then reaches the system).
+        if (decision.report &&
+            PostMessageW(g_shortcutTarget, WM_GUARDED_KEY, static_cast<WPARAM>(event.vkCode), 0)) {
+            return 1;
+        }
+        if (decision.swallow) return 1;
+    }
     return CallNextHookEx(g_keyboardHook, code, wParam, lParam);
 }
 
 void InstallKeyboardGuard() {
     if (!g_blockShortcuts || g_keyboardHook) return;
+    // A failure leaves the hook null: play runs unguarded.
     g_keyboardHook = SetWindowsHookExW(WH_KEYBOARD_LL, KeyboardGuardProc, GetModuleHandleW(nullptr), 0);
 }
 
