@@ -1,9 +1,36 @@
-// Language choice and texts.
+// The choice between Japanese and English, and the two texts it sets.
 #include "settings/language.h"
+
+#include "settings/texts.h"
 
 std::wstring InstructionText;
 std::wstring HintText;
 
-void SetupLanguage(std::wstring_view) {
-    // The language choice joins with the settings.
+namespace {
+
+constexpr uint16_t kPrimaryLanguageMask = 0x3FF;
+constexpr uint16_t kJapanesePrimary = 0x11;
+
+bool IsTrimmed(wchar_t c) { return c == L' ' || c == L'\t' || c == L'\r' || c == L'\n'; }
+
+}  // namespace
+
+Language ChooseLanguage(std::wstring_view configured, uint16_t uiLanguage) {
+    while (!configured.empty() && IsTrimmed(configured.front())) configured.remove_prefix(1);
+    while (!configured.empty() && IsTrimmed(configured.back())) configured.remove_suffix(1);
+    // Only the ASCII letters fold: "ＪＡ" or an accented letter stays as it is.
+    std::wstring value(configured);
+    for (wchar_t& c : value) {
+        if (c >= L'A' && c <= L'Z') c = static_cast<wchar_t>(c - L'A' + L'a');
+    }
+    // Only the beginning counts: "ja-JP" and "japanese" are Japanese too.
+    if (value.starts_with(L"ja")) return Language::kJapanese;
+    if (value.starts_with(L"en")) return Language::kEnglish;
+    return (uiLanguage & kPrimaryLanguageMask) == kJapanesePrimary ? Language::kJapanese : Language::kEnglish;
+}
+
+void SetLanguageTexts(Language language) {
+    const bool english = language == Language::kEnglish;
+    InstructionText = english ? kInstructionEnglish : kInstructionJapanese;
+    HintText = english ? kHintEnglish : kHintJapanese;
 }

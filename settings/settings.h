@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 struct Settings {
     int32_t volumeClampPercent = 0;  // 0..100; 0 means no clamp
@@ -12,12 +13,21 @@ struct Settings {
     std::wstring language;  // at most 63 characters; empty: the UI language
 };
 
-// %APPDATA%\morvenda\Tonkari\Puffino (the roaming application data).
+// The roaming application data (Win32 layer): the known folder, else the
+// "APPDATA" variable, else "." (the current folder).
+std::wstring RoamingAppDataBase();
+
+// <roaming application data>\morvenda\Tonkari\Puffino. No file-system
+// access besides the folder lookup.
 std::wstring GetAppDataDirectory();
 
-// Creates every missing folder of that chain; failures are ignored.
+// A file of that folder: config.ini, high_score.txt.
+std::wstring AppDataFile(std::wstring_view name);
+
+// Creates every missing folder of that chain; failures are ignored. Called
+// at start-up, by LoadSettings and before every best-score save.
 void EnsureAppDataDirectory();
 
 // Resets the record to its defaults, writes the default config.ini when
-// there is none, and reads the keys. Never fails.
+// there is none, and reads the keys. Never fails. Called once at start-up.
 void LoadSettings(Settings& settings);

@@ -53,3 +53,6 @@ puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
 puffino_e2e_test(shell.two_monitors test_shell.TwoMonitors)
 puffino_e2e_test(shell.left_of_primary test_shell.LeftOfPrimary)
 puffino_e2e_test(shell.shipped_executable test_shell.ShippedExecutable)
+
+# config.ini and high_score.txt on real files under Wine.
+puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)

@@ -30,3 +30,10 @@ puffino_wine_tests(resources_tests
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
 add_dependencies(resources_tests Puffino)
+
+# The settings on real files in the session's prefix.
+file(GLOB SETTINGS_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/settings/*.cpp)
+puffino_wine_tests(settings_tests
+  ${CMAKE_CURRENT_LIST_DIR}/settings_tests.cpp
+  ${SETTINGS_SOURCES}
+  ${PROJECT_SOURCE_DIR}/app/shell.cpp)

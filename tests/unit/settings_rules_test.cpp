@@ -1,0 +1,76 @@
+// The settings' pure rules: the language choice, the volume clamp through a
+// stand-in playback device, and the number in the best-score file.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "app/shell.h"
+#include "settings/high_score.h"
+#include "settings/language.h"
+#include "settings/volume_clamp.h"
+#include "tests/unit/settings_fakes.h"
+
+namespace {
+
+TEST(Language, ConfiguredPrefixElseUiLanguage) {
+    constexpr uint16_t kJapaneseUi = 0x0411, kEnglishUi = 0x0409, kGermanUi = 0x0407;
+    constexpr Language ja = Language::kJapanese, en = Language::kEnglish;
+    const struct { const wchar_t* configured; uint16_t ui; Language expected; } cases[] = {
+        {L"  Ja\r\n", kEnglishUi, ja}, {L"\tja-JP ", kEnglishUi, ja}, {L"japanese", kEnglishUi, ja},
+        {L"EN", kJapaneseUi, en},      {L"English", kJapaneseUi, en},  {L"fr", kJapaneseUi, ja},
+        {L"fr", kGermanUi, en},        {L"j a", kJapaneseUi, ja},      {L"j a", kEnglishUi, en},
+        {L"", kJapaneseUi, ja},        {L"auto", kEnglishUi, en},      {L"", 0x0C11, ja},  // any Japanese sublanguage
+        {L"\u00C9N", kJapaneseUi, ja},      // only A..Z fold
+        {L"\u00A0ja", kEnglishUi, en},      // a no-break space is not trimmed
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(ChooseLanguage(c.configured, c.ui), c.expected)
+            << testing::PrintToString(std::wstring(c.configured)) << " on UI 0x" << std::hex << c.ui;
+    }
+}
+
+TEST(VolumeClamp, LowersNeverRaisesAndOpensNothingWithoutACeiling) {
+    const struct {
+        const char* what;
+        int32_t percent;
+        bool present, readable;
+        float level;
+        int openAttempts;
+        std::vector<float> sets;
+    } cases[] = {
+        {"0.80 under a 35 % ceiling", 35, true, true, 0.80f, 1, {0.35f}},
+        {"0.20 stays", 35, true, true, 0.20f, 1, {}},
+        {"at the ceiling stays", 35, true, true, 0.35f, 1, {}},
+        {"1 % ceiling", 1, true, true, 0.5f, 1, {0.01f}},
+        {"no ceiling", 0, true, true, 0.80f, 0, {}},
+        {"ceiling out of range", 101, true, true, 0.80f, 0, {}},
+        {"no playback device", 35, false, true, 0.80f, 1, {}},
+        {"level unreadable", 35, true, false, 0.80f, 1, {}},
+    };
+    for (const auto& c : cases) {
+        g_fakeEndpoint = FakeEndpoint{};
+        g_fakeEndpoint.present = c.present;
+        g_fakeEndpoint.readable = c.readable;
+        g_fakeEndpoint.level = c.level;
+        g_volumeClampLevel = VolumeClampLevel(c.percent);
+        ClampMasterVolume();
+        EXPECT_EQ(g_fakeEndpoint.openAttempts, c.openAttempts) << c.what;
+        EXPECT_EQ(g_fakeEndpoint.sets, c.sets) << c.what;
+        EXPECT_EQ(g_fakeEndpoint.closed, g_fakeEndpoint.opened) << c.what << ": released within the call";
+    }
+    g_volumeClampLevel = -1.0f;
+}
+
+TEST(BestScore, LeadingPositiveNumberElseZero) {
+    const struct { const char* text; int32_t best; } cases[] = {
+        {"42\r\n", 42},  {"  42 trailing words", 42}, {"+5", 5},        {"12abc", 12},
+        {"1,234", 1},    {"2147483647", 2147483647},  {"2147483648", 0}, {"-2147483649", 0},
+        {"-3", 0},       {"0", 0},                    {"", 0},           {"words 42", 0},
+    };
+    for (const auto& c : cases) {
+        std::istringstream text(c.text);
+        EXPECT_EQ(ParseBestScore(text), c.best) << '"' << c.text << '"';
+    }
+}
+
+}  // namespace
