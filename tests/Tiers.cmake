@@ -56,3 +56,6 @@ puffino_e2e_test(shell.shipped_executable test_shell.ShippedExecutable)
 
 # config.ini and high_score.txt on real files under Wine.
 puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)
+puffino_e2e_test(settings.first_start test_settings.FirstStart)
+puffino_e2e_test(settings.hand_edited_config test_settings.HandEditedConfig)
+puffino_e2e_test(settings.guarded_run test_settings.GuardedRun)

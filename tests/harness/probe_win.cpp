@@ -4,6 +4,8 @@
 //   probe windows               every top-level "PuffinoWindow"
 //   probe monitors              virtual screen and monitor rectangles
 //   probe post HWND MSG WP LP   PostMessageW (numbers in decimal)
+//   probe notopmost HWND        takes the window out of the topmost band,
+//                               then reports its extended styles
 #include <windows.h>
 
 #include <cstdio>
@@ -106,6 +108,16 @@ int Post(wchar_t** argv) {
     return ok ? 0 : 3;
 }
 
+int NotTopmost(wchar_t** argv) {
+    const auto hwnd = reinterpret_cast<HWND>(static_cast<uintptr_t>(std::wcstoull(argv[2], nullptr, 10)));
+    const BOOL ok = SetWindowPos(hwnd, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    // The styles right afterwards, before the window's owner can put the
+    // flag back.
+    std::printf("{\"done\": %s, \"exstyle\": %lu}\n", ok ? "true" : "false",
+                static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)));
+    return ok ? 0 : 3;
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
@@ -115,6 +127,7 @@ int wmain(int argc, wchar_t** argv) {
     if (command == L"windows") return Windows();
     if (command == L"monitors") return Monitors();
     if (command == L"post" && argc == 6) return Post(argv);
-    std::fprintf(stderr, "usage: probe windows | monitors | post HWND MSG WPARAM LPARAM\n");
+    if (command == L"notopmost" && argc == 3) return NotTopmost(argv);
+    std::fprintf(stderr, "usage: probe windows | monitors | post HWND MSG WPARAM LPARAM | notopmost HWND\n");
     return 2;
 }
