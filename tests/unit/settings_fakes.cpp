@@ -1,14 +1,23 @@
 // The settings' platform stand-ins for the native tests.
 #include "tests/unit/settings_fakes.h"
 
+#include <unistd.h>
+
 #include <filesystem>
+#include <string>
 
 #include "settings/master_volume.h"
 #include "settings/settings.h"
 
 FakeEndpoint g_fakeEndpoint;
 
-std::wstring RoamingAppDataBase() { return std::filesystem::temp_directory_path().wstring(); }
+// A folder of this test process alone: the plain and the sanitized test
+// programs run side by side and both save best scores.
+std::wstring RoamingAppDataBase() {
+    static const std::filesystem::path base =
+        std::filesystem::temp_directory_path() / ("puffino-unit-" + std::to_string(getpid()));
+    return base.wstring();
+}
 
 MasterVolume* OpenMasterVolume() {
     ++g_fakeEndpoint.openAttempts;

@@ -1,6 +1,6 @@
 // A stand-in for the default playback device's master volume in the native
 // tests (settings_fakes.cpp also answers the roaming application-data
-// folder with the system's temporary folder).
+// folder with a folder of this process under the system's temporary folder).
 #pragma once
 
 #include <vector>
