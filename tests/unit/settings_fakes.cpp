@@ -11,13 +11,22 @@
 
 FakeEndpoint g_fakeEndpoint;
 
-// A folder of this test process alone: the plain and the sanitized test
-// programs run side by side and both save best scores.
-std::wstring RoamingAppDataBase() {
-    static const std::filesystem::path base =
+namespace {
+
+// A folder of this test process alone, removed when it ends: the plain and
+// the sanitized test programs run side by side and both save best scores.
+struct ProcessFolder {
+    std::filesystem::path path =
         std::filesystem::temp_directory_path() / ("puffino-unit-" + std::to_string(getpid()));
-    return base.wstring();
-}
+    ~ProcessFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path, ignored);
+    }
+} g_processFolder;
+
+}  // namespace
+
+std::wstring RoamingAppDataBase() { return g_processFolder.path.wstring(); }
 
 MasterVolume* OpenMasterVolume() {
     ++g_fakeEndpoint.openAttempts;
