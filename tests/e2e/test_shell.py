@@ -59,8 +59,10 @@ class TwoMonitors(SessionTest):
             self.assertEqual(window["style"] & (WS_CAPTION | WS_THICKFRAME), 0)
         self.assertIs(self.home(windows), by_left[0])
 
-        shot = self.session.screenshot("two-monitors")
-        for x, y in [(5, 5), (960, 540), (1914, 1074), (1925, 5), (3194, 1018)]:
+        probes = [(5, 5), (960, 540), (1914, 1074), (1925, 5), (3194, 1018)]
+        shot = self.session.screenshot_when(
+            lambda shot: all(shot.pixel(x, y) == PALE_BLUE for x, y in probes), "two-monitors")
+        for x, y in probes:
             self.assertEqual(shot.pixel(x, y), PALE_BLUE, (x, y))
         self.assertEqual(shot.pixel(2500, 1050), (0, 0, 0), "below the smaller monitor: no window")
         # WM_CLOSE on the secondary window ends play as on the home window.
@@ -111,9 +113,11 @@ class LeftOfPrimary(SessionTest):
         self.assertEqual(by_left[-1920]["rect"], [-1920, 0, 0, 1080])
         self.assertEqual(by_left[0]["rect"], [0, 0, 1920, 1080])
         self.assertIs(self.home(windows), by_left[0])
-        shot = self.session.screenshot("left-of-primary")
-        self.assertEqual(shot.pixel(10, 10), PALE_BLUE)     # the left monitor
-        self.assertEqual(shot.pixel(1930, 10), PALE_BLUE)   # the primary
+        probes = [(10, 10), (1930, 10)]  # the left monitor, the primary
+        shot = self.session.screenshot_when(
+            lambda shot: all(shot.pixel(x, y) == PALE_BLUE for x, y in probes), "left-of-primary")
+        for x, y in probes:
+            self.assertEqual(shot.pixel(x, y), PALE_BLUE, (x, y))
         self.close(process, by_left[-1920])
 
 
