@@ -33,9 +33,13 @@ class SessionTest(unittest.TestCase):
         return {w["rect"][0]: w for w in windows}
 
     def home(self, windows):
-        homes = [w for w in windows if w["foreground"]]
-        self.assertEqual(len(homes), 1, windows)
-        return homes[0]
+        """The window brought to the front at start-up, which may come a
+        moment after the windows are shown."""
+        def foreground():
+            homes = [w for w in self.session.windows() if w["foreground"]]
+            return homes if len(homes) == 1 else None
+        home = self.session.wait_for(foreground, "one foreground Puffino window")[0]
+        return next(w for w in windows if w["hwnd"] == home["hwnd"])
 
     def close(self, process, window):
         self.session.post(window["hwnd"], WM_CLOSE)
