@@ -8,18 +8,37 @@ include_directories(${PROJECT_SOURCE_DIR})
 
 set(PUFFINO_SYSTEM_LIBRARIES gdiplus winmm ole32 uuid shell32 user32 gdi32)
 
-# The icon group 101 (256, 128, 64 and 32 px) from the icon artwork.
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 set(IMAGEMAGICK_CONVERT /usr/bin/convert)  # the real ImageMagick, by full path
-set(ICON_SOURCE ${PROJECT_SOURCE_DIR}/resources/icon.svg)
+
+# The penguin's pose pictures, rendered from their SVG sources into
+# assets/penguin beside Puffino.exe. 480 px tall: twice the height the
+# penguin stands at on a 96-dpi screen, so it stays crisp at 200 %.
+set(PENGUIN_ART ${PROJECT_SOURCE_DIR}/assets/penguin)
+set(PENGUIN_OUT ${CMAKE_CURRENT_BINARY_DIR}/assets/penguin)
+set(POSE_PICTURES "")
+foreach(pose idle bubble yatta hurray)
+  add_custom_command(OUTPUT ${PENGUIN_OUT}/${pose}.png
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PENGUIN_OUT}
+    COMMAND ${RSVG_CONVERT} -h 480 -o ${PENGUIN_OUT}/${pose}.png ${PENGUIN_ART}/${pose}.svg
+    DEPENDS ${PENGUIN_ART}/${pose}.svg ${PENGUIN_ART}/parts.svg VERBATIM)
+  list(APPEND POSE_PICTURES ${PENGUIN_OUT}/${pose}.png)
+endforeach()
+add_custom_target(pose_pictures ALL DEPENDS ${POSE_PICTURES})
+
+# The icon group 101 (256, 128, 64 and 32 px): the standing penguin, drawn
+# at each size and centred on a square of transparency.
+set(ICON_SOURCE ${PENGUIN_ART}/idle.svg)
 set(ICON_FILE ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.ico)
 set(ICON_PNGS "")
 foreach(size 256 128 64 32)
   set(png ${CMAKE_CURRENT_BINARY_DIR}/resources/icon-${size}.png)
   add_custom_command(OUTPUT ${png}
     COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/resources
-    COMMAND ${RSVG_CONVERT} -w ${size} -h ${size} -o ${png} ${ICON_SOURCE}
-    DEPENDS ${ICON_SOURCE} VERBATIM)
+    COMMAND ${RSVG_CONVERT} -h ${size} -o ${png} ${ICON_SOURCE}
+    COMMAND ${IMAGEMAGICK_CONVERT} ${png} -background none -gravity center
+            -extent ${size}x${size} ${png}
+    DEPENDS ${ICON_SOURCE} ${PENGUIN_ART}/parts.svg VERBATIM)
   list(APPEND ICON_PNGS ${png})
 endforeach()
 add_custom_command(OUTPUT ${ICON_FILE}
@@ -37,6 +56,7 @@ add_executable(Puffino WIN32 ${PUFFINO_ENTRY_SOURCE} ${PUFFINO_WIN_SOURCES}
                              ${PUFFINO_PORTABLE_SOURCES} ${PUFFINO_RC})
 target_link_options(Puffino PRIVATE -municode)
 target_link_libraries(Puffino PRIVATE ${PUFFINO_SYSTEM_LIBRARIES})
+add_dependencies(Puffino pose_pictures)
 
 # GoogleTest from Debian's sources, built with this toolchain for the tests
 # that run under Wine.
