@@ -1,12 +1,97 @@
-// Pose picture loading through GDI+.
-#include "assets/penguin_images.h"
+// Finding, decoding and preparing the pose pictures through GDI+.
+#include "assets/penguin_images_win.h"
 
-void LoadPenguinImages(const std::wstring&) {
-    // The pose pictures join with the penguin.
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "assets/asset_paths.h"
+#include "assets/sprite_prepare_win.h"
+
+PenguinImages g_penguinImages;
+
+// Names a parent or an artist might give a replacement penguin picture:
+// the plain standing names first, so that the standing slot prefers a calm
+// picture; then the blowing picture (always fourth); then the other moods
+// from calm to lively. A folder holding any single penguin picture under
+// one of these names still gives the standing and celebrating slots
+// something to draw.
+const std::array<std::wstring_view, 9> PoseFallbackNames = {
+    L"stand", L"standing", L"penguin", L"bubble", L"blow",
+    L"happy", L"cheer", L"hurray", L"yatta",
+};
+
+PoseSlot LoadSpriteFile(const std::wstring& path) {
+    if (path.empty()) return nullptr;
+    // Ask without raising: nothing there, or no answer, means no picture.
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    if (error || !std::filesystem::exists(status)) return nullptr;
+
+    // A file GDI+ cannot decode (or a folder with a picture's name) is
+    // skipped; the owner disposes of whatever was created.
+    PoseSlot loaded(new Gdiplus::Image(path.c_str()));
+    if (loaded->GetLastStatus() != Gdiplus::Ok) return nullptr;
+
+    if (PoseSlot prepared = PrepareSprite(loaded.get())) return prepared;
+    return loaded;  // no working copy could be made: drawn unprepared
 }
 
-void ReleasePenguinImages() {}
+void LoadPoseSlot(const std::wstring& folder, PoseSlot& slot, std::wstring_view name) {
+    if (slot || name.empty()) return;
+    slot = LoadSpriteFile(JoinPath(folder, std::wstring(name) + L".png"));
+}
 
-bool PoseImageSize(PoseImage, int32_t&, int32_t&) {
-    return false;  // no picture is loaded yet
+namespace {
+
+void LoadWithFallbacks(const std::wstring& folder, PoseSlot& slot) {
+    LoadPoseSlot(folder, slot, L"bubble");
+    for (const std::wstring_view name : PoseFallbackNames) LoadPoseSlot(folder, slot, name);
+}
+
+}  // namespace
+
+void LoadPenguinImages(const std::wstring& folder) {
+    ReleasePenguinImages();
+    if (folder.empty()) return;
+    PenguinImages& images = g_penguinImages;
+
+    images.blowImage = LoadSpriteFile(JoinPath(folder, L"bubble.png"));
+
+    // The standing and celebrating slots borrow the blowing picture (as a
+    // copy of their own) and then any fallback name rather than stay empty.
+    LoadPoseSlot(folder, images.idleImage, L"idle");
+    LoadWithFallbacks(folder, images.idleImage);
+
+    LoadPoseSlot(folder, images.celebrateImage, L"yatta");
+    images.celebratingIsYatta = images.celebrateImage != nullptr;
+    LoadPoseSlot(folder, images.celebrateImage, L"happy");
+    LoadWithFallbacks(folder, images.celebrateImage);
+
+    LoadPoseSlot(folder, images.cheerImage, L"hurray");
+}
+
+void ReleasePenguinImages() {
+    // reset() empties the slot before it deletes the picture.
+    g_penguinImages.blowImage.reset();
+    g_penguinImages.idleImage.reset();
+    g_penguinImages.celebrateImage.reset();
+    g_penguinImages.cheerImage.reset();
+    g_penguinImages.celebratingIsYatta = false;
+}
+
+bool PoseImageSize(PoseImage pose, int32_t& width, int32_t& height) {
+    const PenguinImages& images = g_penguinImages;
+    Gdiplus::Image* image = nullptr;
+    switch (pose) {
+        case PoseImage::Idle: image = images.idleImage.get(); break;
+        case PoseImage::Blow: image = images.blowImage.get(); break;
+        case PoseImage::Celebrate: image = images.celebrateImage.get(); break;
+        case PoseImage::Cheer: image = images.cheerImage.get(); break;
+    }
+    if (!image) return false;
+    // A size that cannot be read counts as one pixel.
+    width = std::max<int32_t>(static_cast<int32_t>(image->GetWidth()), 1);
+    height = std::max<int32_t>(static_cast<int32_t>(image->GetHeight()), 1);
+    return true;
 }

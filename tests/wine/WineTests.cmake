@@ -43,3 +43,13 @@ puffino_wine_tests(settings_tests
   ${CMAKE_CURRENT_LIST_DIR}/settings_tests.cpp
   ${SETTINGS_SOURCES}
   ${PROJECT_SOURCE_DIR}/app/shell.cpp)
+
+# The pose pictures: loading with fallbacks and their clean-up.
+puffino_wine_tests(penguin_images_tests
+  ${CMAKE_CURRENT_LIST_DIR}/penguin_images_tests.cpp
+  ${PROJECT_SOURCE_DIR}/assets/penguin_images_win.cpp
+  ${PROJECT_SOURCE_DIR}/assets/sprite_prepare_win.cpp
+  ${PROJECT_SOURCE_DIR}/assets/sprite_filters.cpp
+  ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
+  ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
+add_dependencies(penguin_images_tests pose_pictures)
