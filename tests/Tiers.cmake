@@ -49,6 +49,7 @@ puffino_wine_test(shell.left_of_primary HEADS ${LEFT_OF_PRIMARY}
 puffino_wine_test(shell.dpi_144 HEADS 1920x1080+0+0 DPI 144
   COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=HighDpi.*)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
+puffino_wine_test(penguin_images COMMAND ${WINE_TEST_PROGRAMS}/penguin_images_tests.exe)
 
 puffino_e2e_test(shell.two_monitors test_shell.TwoMonitors)
 puffino_e2e_test(shell.left_of_primary test_shell.LeftOfPrimary)
@@ -59,3 +60,6 @@ puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)
 puffino_e2e_test(settings.first_start test_settings.FirstStart)
 puffino_e2e_test(settings.hand_edited_config test_settings.HandEditedConfig)
 puffino_e2e_test(settings.guarded_run test_settings.GuardedRun)
+
+# The pose pictures.
+puffino_e2e_test(penguin.damaged_art test_penguin_art.DamagedArt)
