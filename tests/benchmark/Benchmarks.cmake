@@ -4,14 +4,17 @@
 #   cmake --build build --target benchmarks
 #   build/benchmark/<name>_benchmark
 find_package(benchmark REQUIRED)
+
+# The core once more, optimised; as a static library it lends each program
+# only the pieces that program measures.
+puffino_core_library(puffino_core_optimised -O2 -DNDEBUG)
 file(GLOB BENCHMARK_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*_benchmark.cpp)
 add_custom_target(benchmarks)
 foreach(source IN LISTS BENCHMARK_SOURCES)
   get_filename_component(name ${source} NAME_WE)
-  add_executable(${name} ${source} ${PUFFINO_PORTABLE_SOURCES})
-  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_compile_options(${name} PRIVATE -O2)
-  target_link_libraries(${name} PRIVATE benchmark::benchmark_main)
+  add_executable(${name} ${source})
+  target_compile_options(${name} PRIVATE -O2 -DNDEBUG)
+  target_link_libraries(${name} PRIVATE puffino_core_optimised benchmark::benchmark_main)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/benchmark)
   add_dependencies(benchmarks ${name})
 endforeach()
