@@ -2,6 +2,7 @@
 // that a pop leaves. Plain records kept in creation order (oldest first).
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 struct Bubble {
@@ -35,6 +36,27 @@ struct PopParticle {
 };
 
 // The caps that keep the scene bounded.
-constexpr int kMaxBubbles = 160;
-constexpr int kMaxRings = 32;
-constexpr int kMaxParticles = 180;
+constexpr std::size_t kMaxBubbles = 160;
+constexpr std::size_t kMaxRings = 32;
+constexpr std::size_t kMaxParticles = 180;
+
+// Creates one bubble whose top starts at about (x, y), rising at speedFactor
+// times its own speed; gold when forced or when a gold bubble is owed, else
+// one time in ten. Returns false, drawing nothing from the random source,
+// only when the list is full. Called by the ambient emission and by the
+// penguin's blowing.
+bool SpawnBubble(float x, float y, float speedFactor, bool forceGold, bool fromPenguin);
+
+// The ambient emission of one frame tick: bubbles rise from the bottom edge
+// of the monitors, each monitor chosen in proportion to its width, every
+// 20th of them gold. Called by AdvanceFrame.
+void EmitAmbientBubbles();
+
+// Moves every bubble, ring and particle by one frame tick and drops what has
+// left the play field or run its life; while the penguin blows, thins the
+// pop effects. Called by AdvanceFrame after the emission.
+void StepMotion();
+
+// Whether a play-field point touches the bubble; a gold bubble is a little
+// easier to catch than it looks. The rim counts.
+bool BubbleHit(const Bubble& bubble, float x, float y);

@@ -34,7 +34,7 @@ struct PlayField {
     float praiseTimeLeft = 0;      // ticks; shown while above 0
     bool praiseBig = false;        // the big, warm style
     int32_t praiseBonus = 0;       // "+N" above the praise; 0 shows none
-    bool recordAnnounced = false;  // the record praise was given this run
+    bool recordAnnounced = false;  // no record praise may come any more this run
     float celebrateTimeLeft = 0;   // ticks of the penguin's hops
     float celebratePhase = 0;      // +0.13 per tick while celebrating
     float blowPhase = 0;           // +0.14 per tick while blowing

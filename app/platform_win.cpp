@@ -1,0 +1,39 @@
+// The play field's operating-system services, with the Win32 calls behind
+// them. Each is a thin translation; nothing here decides anything.
+#include <windows.h>
+#include <mmsystem.h>
+
+#include "play/platform.h"
+
+uint32_t TickCount() {
+    return GetTickCount();
+}
+
+bool LeftButtonDown() {
+    // The high bit of the key state: the button is down.
+    return (GetKeyState(VK_LBUTTON) & 0x8000) != 0;
+}
+
+void CaptureMouse(HWND__* window) {
+    SetCapture(window);
+}
+
+HWND__* MouseCaptureWindow() {
+    return GetCapture();
+}
+
+void ReleaseMouseCapture() {
+    ReleaseCapture();
+}
+
+void PlayWavImage(const uint8_t* image) {
+    // SND_NODEFAULT: an image that cannot be played stays silent instead of
+    // ringing the system's default sound. Without a sound device the call
+    // fails quietly, and that is all.
+    PlaySoundW(reinterpret_cast<LPCWSTR>(image), nullptr, SND_ASYNC | SND_NODEFAULT | SND_MEMORY);
+}
+
+void InvalidateClientRect(HWND__* window, const Rect& client) {
+    const RECT rect{client.left, client.top, client.right, client.bottom};
+    InvalidateRect(window, &rect, FALSE);
+}

@@ -1,0 +1,39 @@
+// What the play field needs from the operating system, as plain free
+// functions. The Win32 layer implements them (app/platform_win.cpp); the
+// native tests link a recording stand-in with a clock they set themselves.
+// Ending play (EndPlay, app/shell.h) and the pose picture sizes
+// (PoseImageSize, assets/penguin_images.h) belong to the same seam.
+#pragma once
+
+#include <cstdint>
+
+#include "app/geometry.h"
+
+struct HWND__;
+
+// The millisecond tick counter (wraps after 49.7 days). Read only for the
+// long press on the penguin and for spacing pop sounds.
+uint32_t TickCount();
+
+// Whether the left mouse button is down right now, as the input queue sees
+// it; the hold tick asks this of a mouse press every frame.
+bool LeftButtonDown();
+
+// Sends every mouse message to the window until released, so that the
+// release of a press on the penguin is seen wherever the mouse goes.
+void CaptureMouse(HWND__* window);
+
+// The window holding the mouse capture of this thread, or null.
+HWND__* MouseCaptureWindow();
+
+// Gives the mouse capture back.
+void ReleaseMouseCapture();
+
+// Starts playing a complete in-memory WAV image asynchronously, cutting off
+// whatever sound is playing; never the system's default sound. The bytes
+// must stay in place while the sound plays. Failures are ignored.
+void PlayWavImage(const uint8_t* image);
+
+// Marks a client rectangle of a display window for repainting, without
+// erasing the background.
+void InvalidateClientRect(HWND__* window, const Rect& client);

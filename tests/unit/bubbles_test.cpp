@@ -1,0 +1,157 @@
+// Bubbles and pop effects: the draws a spawn makes, the full list and the
+// owed gold bubble, the monitors' share of ambient bubbles, motion and
+// expiry, the hit test, and the caps of the effects.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "app/display_windows.h"
+#include "play/bubbles.h"
+#include "play/play_field.h"
+#include "play/pop_effects.h"
+#include "play/random.h"
+#include "tests/unit/fake_platform.h"
+
+namespace {
+
+const Bubble kStill{100, 500, 20, -0.0f, 0, 0, 0, 1, 2, 3, false, false};
+
+TEST(SpawnBubble, DrawsInTheStatedOrder) {
+    ResetWorld(5);
+    g_dpiScale = 1.25f;
+    // By hand: radius, speed, phase, phase step, sway, tint; a forced gold
+    // bubble then skips the gold draw and draws its speed-up.
+    const float radius = RandomRange(18, 44) * 1.25f, speed = -(RandomRange(1.1f, 2.4f) * 1.25f) * 0.5f;
+    const float phase = RandomRange(0, 6.28f), step = RandomRange(0.03f, 0.08f), sway = RandomRange(0.6f, 1.8f) * 1.25f;
+    RandomInt(0, 5);
+    const float speedUp = RandomRange(4.2f, 5.8f), next = RandomUnit();
+    SeedRandom(5);
+    ASSERT_TRUE(SpawnBubble(300, 700, 0.5f, true, true));
+    const Bubble& b = g_playField.bubbles.at(0);
+    EXPECT_TRUE(b.x == 300 && b.y == 700 + radius && b.radius == radius * 0.88f) << "top at y before the shrink";
+    EXPECT_TRUE(b.vy == speed * speedUp && b.phase == phase && b.phaseStep == step && b.sway == sway * 0.55f);
+    EXPECT_TRUE(b.gold && b.fromPenguin && b.red == 255 && b.green == 215 && b.blue == 70);
+    EXPECT_EQ(RandomUnit(), next);
+}
+
+TEST(SpawnBubble, AFullListDrawsNothingAndALostGoldBubbleIsOwed) {
+    ResetWorld(17);
+    g_playField.bubbles.assign(kMaxBubbles, kStill);
+    g_playField.ambientAccumulator = 0.95f;
+    g_playField.ambientCount = 19;  // the next one must be gold
+    RandomInt(0, 1919);              // the caller's own draws: monitor, place
+    RandomRange(0, 1920);
+    const float next = RandomUnit();
+    SeedRandom(17);
+    EmitAmbientBubbles();
+    EXPECT_EQ(g_playField.bubbles.size(), kMaxBubbles);
+    EXPECT_EQ(g_playField.ambientCount, 20);
+    EXPECT_EQ(RandomUnit(), next);
+    ASSERT_TRUE(g_playField.nextBubbleGold);
+    g_playField.bubbles.clear();
+    SpawnBubble(0, 0, 1, false, true);  // whatever the source
+    EXPECT_TRUE(g_playField.bubbles[0].gold && !g_playField.nextBubbleGold);
+}
+
+TEST(AmbientBubbles, AboutOneInTenIsGoldAndMonitorsShareByWidth) {
+    ResetWorld(2024);
+    g_displayWindows.push_back(g_displayWindows[0]);
+    g_displayWindows[1].playRect = {1920, 0, 3200, 1024};
+    g_virtualWidth = 3200;
+    int onHome = 0, total = 0, gold = 0, atBottom = 0;
+    constexpr int kTicks = 240000;
+    for (int tick = 0; tick < kTicks; ++tick) {
+        EmitAmbientBubbles();
+        for (const Bubble& b : g_playField.bubbles) {
+            onHome += b.x < 1920;
+            gold += b.gold;
+            // Its top starts at its own monitor's bottom edge.
+            atBottom += std::abs(b.y - (b.gold ? b.radius / 0.88f : b.radius) - (b.x < 1920 ? 1080 : 1024)) < 0.01f;
+        }
+        total += static_cast<int>(g_playField.bubbles.size());
+        g_playField.bubbles.clear();
+    }
+    EXPECT_NEAR(total, kTicks * 0.05 * 3200 / 1920, 1);
+    EXPECT_NEAR(static_cast<double>(onHome) / total, 0.6, 0.015) << "3 : 2";
+    EXPECT_NEAR(static_cast<double>(gold) / total, 0.05 + 0.95 * 0.1, 0.01) << "every 20th, then 1 in 10";
+    EXPECT_EQ(atBottom, total);
+}
+
+TEST(StepMotion, RiseSwayGrowFallAndExpire) {
+    ResetWorld();
+    g_dpiScale = 2;
+    Bubble high = kStill, gone = kStill;
+    high.y = -10;  // -10 + 30 >= 0: stays
+    gone.y = -31;
+    g_playField.bubbles = {Bubble{100, 500, 20, -2, 1, 0.5f, 3}, high, gone};
+    g_playField.rings = {PopRing{0, 0, 4, 40, 6.6f, 14}};
+    g_playField.particles = {PopParticle{10, 10, 1, -2, 0, 5, 3}};
+    StepMotion();
+    ASSERT_EQ(g_playField.bubbles.size(), 2u);
+    EXPECT_TRUE(g_playField.bubbles[0].y == 498 && g_playField.bubbles[0].x == 100 + std::sin(1.5f) * 3);
+    EXPECT_FLOAT_EQ(g_playField.rings[0].radius, 40 * std::sin(8.0f / 14 * 1.5707963f));
+    const PopParticle& p = g_playField.particles[0];
+    EXPECT_TRUE(p.x == 11 && p.y == 8 && p.vx == 0.98f && p.vy == -2 + 0.24f) << "moved with the old speeds";
+    for (int i = 0; i < 4; ++i) StepMotion();
+    EXPECT_TRUE(g_playField.rings.size() == 1 && g_playField.particles.empty()) << "age 13.6 of 14, 5 of 5";
+    StepMotion();
+    EXPECT_TRUE(g_playField.rings.empty());
+}
+
+TEST(StepMotion, BlowingThinsTheOldestEffects) {
+    ResetWorld();
+    for (int i = 0; i < 60; ++i) g_playField.particles.push_back({static_cast<float>(i), 0, 0, 0, 0, 100, 2});
+    for (int i = 0; i < 20; ++i) g_playField.rings.push_back({static_cast<float>(i), 0, 1, 10, 0, 100});
+    StepMotion();
+    EXPECT_EQ(g_playField.particles.size(), 60u) << "only while blowing";
+    g_playField.blowing = true;
+    StepMotion();
+    ASSERT_TRUE(g_playField.particles.size() == 30u && g_playField.rings.size() == 8u);
+    EXPECT_TRUE(g_playField.particles[0].x == 30 && g_playField.rings[0].x == 12) << "the newest stay";
+}
+
+TEST(BubbleHit, TheRimCountsAndGoldIsEasierToCatch) {
+    const struct {
+        bool gold;
+        float distance;
+        bool hit;
+    } cases[] = {{true, 23.5f, true}, {true, 23.7f, false}, {false, 20, true}, {false, 20.1f, false}};
+    for (const auto& c : cases) {
+        Bubble bubble = kStill;
+        bubble.gold = c.gold;
+        EXPECT_EQ(BubbleHit(bubble, 100, 500 + c.distance), c.hit) << c.gold << " at " << c.distance;
+    }
+}
+
+TEST(PopEffects, CapsAndEarlyStops) {
+    const struct {
+        const char* name;
+        bool gold, soft;
+        size_t rings, particles, ringsAfter, particlesLow, particlesHigh;
+    } cases[] = {
+        {"plain", false, false, 0, 0, 1, 8, 13},
+        {"gold: flash and ring", true, false, 0, 0, 2, 20, 28},
+        {"gold, 31 rings: the flash only", true, false, 31, 0, 32, 20, 28},
+        {"gold near the particle cap", true, false, 0, 175, 2, 180, 180},
+        {"both full: nothing", false, false, 32, 180, 32, 180, 180},
+        {"soft", false, true, 0, 0, 1, 1, 2},
+        {"soft, rings full", false, true, 32, 0, 32, 1, 2},
+        {"soft, 90 particles: nothing", false, true, 0, 90, 0, 90, 90},
+    };
+    for (uint32_t seed = 1; seed <= 20; ++seed) {
+        for (const auto& c : cases) {
+            ResetWorld(seed);
+            g_playField.rings.resize(c.rings);
+            g_playField.particles.resize(c.particles);
+            const float unmoved = RandomUnit();
+            SeedRandom(seed);
+            SpawnPopEffect(10, 20, 1, 2, 3, c.gold, c.soft);
+            const size_t particles = g_playField.particles.size();
+            EXPECT_EQ(g_playField.rings.size(), c.ringsAfter) << c.name;
+            EXPECT_TRUE(particles >= c.particlesLow && particles <= c.particlesHigh) << c.name << ": " << particles;
+            if (particles == c.particles && c.rings == c.ringsAfter) EXPECT_EQ(RandomUnit(), unmoved) << c.name;
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,141 @@
+// The home monitor's layout, the penguin's picture placement, and the
+// repaint bookkeeping: merging, what is collected, which window gets what.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "app/display_windows.h"
+#include "play/dirty_region.h"
+#include "play/play_field.h"
+#include "play/screen_areas.h"
+#include "render/pose_placement.h"
+#include "tests/printers.h"
+#include "tests/unit/fake_platform.h"
+
+namespace {
+
+TEST(Layout, ButtonsAndPenguinOnTheHomeMonitor) {
+    const struct {
+        float scale;
+        bool noWindows;
+        Rect home, finish, sound, penguin;
+    } cases[] = {
+        {1.0f, false, {0, 0, 1920, 1080}, {1592, 968, 1892, 1052}, {28, 968, 112, 1052}, {1637, 714, 1847, 954}},
+        // 315 wide in theory; both halves truncate to 157.
+        {1.5f, false, {0, 0, 1920, 1080}, {1428, 912, 1878, 1038}, {42, 912, 168, 1038}, {1496, 531, 1810, 891}},
+        {1.0f, true, {0, 0, 1280, 1024}, {952, 912, 1252, 996}, {28, 912, 112, 996}, {997, 658, 1207, 898}},
+    };
+    for (const auto& c : cases) {
+        ResetWorld();
+        g_dpiScale = c.scale;
+        if (c.noWindows) g_displayWindows.clear(), g_virtualWidth = 1280, g_virtualHeight = 1024;
+        LayoutPlayField();
+        const auto& buttons = g_playField.buttons;
+        ASSERT_EQ(buttons.size(), 2u);
+        EXPECT_TRUE(buttons[0].kind == kFinishButton && buttons[1].kind == kSoundButton);
+        EXPECT_TRUE(g_playField.homeRect == c.home && buttons[0].rect == c.finish && buttons[1].rect == c.sound);
+        EXPECT_EQ(g_playField.penguinBox, c.penguin) << c.scale;
+    }
+    // The home window need not be the first; without one the first is home.
+    ResetWorld();
+    g_displayWindows.insert(g_displayWindows.begin(), g_displayWindows[0]);
+    g_displayWindows[0].isMain = false;
+    g_displayWindows[1].playRect = {1920, 200, 2420, 600};
+    LayoutPlayField();
+    EXPECT_EQ(g_playField.penguinBox, (Rect{2137, 234, 2347, 474}));
+    EXPECT_EQ(PraiseAnchor(), (Point{2170, 368})) << "42 % down the home monitor";
+    EXPECT_EQ(HintBalloonArea(), (Rect{1920, 204, 2177, 504})) << "kept on the home monitor";
+    g_displayWindows[1].isMain = false;
+    LayoutPlayField();
+    EXPECT_EQ(g_playField.homeRect, (Rect{0, 0, 1920, 1080}));
+}
+
+TEST(PosePlacement, FallbacksSizesAndTheMouth) {
+    using P = PoseImage;
+    ResetWorld();
+    LayoutPlayField();  // no pictures: a 240 x 240 stand-in
+    EXPECT_FLOAT_EQ(g_playField.mouthX, 1742 + 0.22f * 240);
+    EXPECT_EQ(SelectPoseImage(kPoseBlowing), std::nullopt);
+    g_fake.poseSizes = {{P::Celebrate, {300, 600}}, {P::Cheer, {300, 600}}};
+    EXPECT_TRUE(SelectPoseImage(kPoseBlowing) == P::Cheer && SelectPoseImage(kPoseCelebrating) == P::Celebrate);
+    g_fake.poseSizes[P::Blow] = {200, 100};
+    g_fake.poseSizes[P::Idle] = {0, 0};  // an unreadable size counts as 1 x 1
+    EXPECT_TRUE(SelectPoseImage(kPoseBlowing) == P::Blow && SelectPoseImage(kPoseStanding) == P::Idle);
+    EXPECT_FLOAT_EQ(PlacePoseImage(P::Idle, 500, 900, 240, 0).width, 240);
+    const PoseRect tall = PlacePoseImage(P::Cheer, 500, 900, 240, 5);
+    EXPECT_TRUE(tall.x == 440 && tall.y == 665 && tall.width == 120 && tall.height == 240);
+    EXPECT_FLOAT_EQ(PlacePoseImage(P::Cheer, 500, 900, 30, 0).height, 40);
+    LayoutPlayField();  // the wide blowing picture: 480 x 240
+    EXPECT_FLOAT_EQ(g_playField.mouthX, 1742 - 240 + 0.72f * 480);
+}
+
+std::vector<Rect> Stored(const DirtyRegion& region) {
+    std::vector<Rect> rects(region.rects.begin(), region.rects.begin() + region.count);
+    std::sort(rects.begin(), rects.end(), [](const Rect& a, const Rect& b) { return a.left < b.left; });
+    return rects;
+}
+
+TEST(DirtyRegion, TouchingRectanglesMergeAndMergesCascade) {
+    const struct {
+        std::vector<Rect> added, stored;
+    } cases[] = {
+        {{{0, 0, 10, 10}, {10, 0, 20, 10}}, {{0, 0, 20, 10}}},
+        {{{0, 0, 10, 10}, {11, 0, 20, 10}}, {{0, 0, 10, 10}, {11, 0, 20, 10}}},
+        {{{0, 0, 10, 10}, {10, 10, 20, 20}}, {{0, 0, 20, 20}}},
+        {{{0, 0, 0, 10}, {5, 5, 5, 5}}, {}},
+        {{{0, 0, 10, 10}, {30, 0, 40, 10}, {10, 0, 31, 5}}, {{0, 0, 40, 10}}},
+    };
+    for (const auto& c : cases) {
+        DirtyRegion region;
+        for (const Rect& r : c.added) AddDirtyRect(region, r);
+        EXPECT_EQ(Stored(region), c.stored) << c.added.size() << " added";
+    }
+    DirtyRegion full;
+    for (int32_t i = 0; i < kMaxDirtyRects; ++i) AddDirtyRect(full, {i * 3, 0, i * 3 + 1, 1});
+    AddDirtyRect(full, {5000, 7, 5001, 9});
+    EXPECT_EQ(Stored(full), (std::vector<Rect>{{0, 0, 5001, 9}}));
+}
+
+TEST(DirtyRegion, CollectsWhatMovesOrComesAndGoes) {
+    ResetWorld();
+    LayoutPlayField();
+    const auto collected = [] {
+        DirtyRegion region;
+        CollectDynamicDirty(region);
+        return Stored(region);
+    };
+    EXPECT_EQ(collected(), (std::vector<Rect>{{1017, 570, 1871, 984}}));  // the penguin and its hint
+    g_playField.pressStartTick = 5;  // no hint while pressed
+    g_playField.praiseTimeLeft = 1;
+    EXPECT_EQ(collected(), (std::vector<Rect>{{440, 303, 1480, 603}, {1613, 570, 1871, 978}}));
+
+    // A tick repaints where a bubble was and where it is.
+    const Bubble bubble{300, 500, 20, -60, 0, 0, 0, 1, 2, 3, false, false};
+    g_playField.bubbles = {bubble};
+    AdvanceFrame();
+    Bubble moved = bubble;
+    moved.y -= 60;
+    for (const Rect& r : {BubbleBounds(bubble), BubbleBounds(moved)}) {
+        EXPECT_TRUE(std::any_of(g_fake.invalidated.begin(), g_fake.invalidated.end(),
+                                [&](const Invalidation& i) { return i.client == r; }));
+    }
+}
+
+TEST(DirtyRegion, EachWindowGetsItsPartInItsClientCoordinates) {
+    ResetWorld();
+    g_displayWindows.push_back(g_displayWindows[0]);
+    g_displayWindows[1].playRect = {1920, 0, 3200, 1024};
+    g_displayWindows[1].hwnd = FakeWindow(2);
+    g_displayWindows.push_back(g_displayWindows[1]);
+    g_displayWindows[2].hwnd = nullptr;  // a window that could not be made
+    DirtyRegion region;
+    AddDirtyRect(region, {1900, 1000, 1950, 1060});
+    AddDirtyRect(region, {3300, 0, 3400, 10});  // off every monitor
+    InvalidateDirty(region);
+    ASSERT_EQ(g_fake.invalidated.size(), 2u);
+    EXPECT_TRUE(g_fake.invalidated[0].window == FakeWindow(1) && g_fake.invalidated[1].window == FakeWindow(2));
+    EXPECT_EQ(g_fake.invalidated[0].client, (Rect{1900, 1000, 1920, 1060}));
+    EXPECT_EQ(g_fake.invalidated[1].client, (Rect{0, 1000, 30, 1024}));
+}
+
+}  // namespace
