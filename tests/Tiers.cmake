@@ -63,3 +63,6 @@ puffino_e2e_test(settings.guarded_run test_settings.GuardedRun)
 
 # The pose pictures.
 puffino_e2e_test(penguin.damaged_art test_penguin_art.DamagedArt)
+
+# The play field.
+puffino_e2e_test(play.penguin_and_buttons test_play.PenguinAndButtons)

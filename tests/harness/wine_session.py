@@ -123,10 +123,11 @@ class WineSession:
     context manager; everything is removed again on exit (the artifacts
     folder keeps the screenshots)."""
 
-    def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None):
+    def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None, sound_capture=False):
         self.label = label
         self.heads = tuple(heads)
         self.dpi = dpi
+        self.sound_capture = sound_capture
         self.artifacts = Path(artifacts) if artifacts else ARTIFACTS / label
         self.processes = []
         self.shots = 0
@@ -154,11 +155,15 @@ class WineSession:
         subprocess.run(["cp", "-a", "--reflink=auto", str(TEMPLATE), str(self.prefix)], check=True)
         if self.dpi:
             self.set_dpi(self.dpi)
+        if self.sound_capture:
+            self.capture_sound()
         heads = [parse_head(h) for h in self.heads]
         self.width = max(x + w for w, h, x, y in heads)
         self.height = max(y + h for w, h, x, y in heads)
         self.xvfb = Xvfb(self.width, self.height)
         self.env = wine_environment(self.prefix, self.xvfb.display, self.heads)
+        if self.sound_capture:
+            self.env["ALSA_CONFIG_PATH"] = f"/usr/share/alsa/alsa.conf:{self.sound_dir / 'asound.conf'}"
         # A persistent wineserver makes every later program start quickly.
         subprocess.run(["wineserver", "-p"], env=self.env, check=True)
 
@@ -186,6 +191,53 @@ class WineSession:
         with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
             reg.write('\n[Control Panel\\\\Desktop] 1700000000\n'
                       f'"LogPixels"=dword:{dpi:08x}\n')
+
+    def capture_sound(self):
+        """Everything the session's programs play lands in raw files instead
+        of a sound card: Wine's ALSA driver writes to ALSA's default device,
+        here a file plugin over the null device. Every stream the player
+        opens makes a file of its own, named by rate, channels and sample
+        format (the null device is not paced, so a file holds the samples
+        as soon as they are played)."""
+        self.sound_dir = self.root / "sound"
+        self.sound_dir.mkdir()
+        (self.sound_dir / "asound.conf").write_text(
+            "pcm.!default {\n"
+            "  type file\n"
+            "  slave.pcm \"null\"\n"
+            f"  file \"{self.sound_dir}/stream_%r_%c_%f.raw\"\n"
+            "  format \"raw\"\n"
+            "  truncate false\n"  # a new stream goes to a new numbered file
+            "}\n", encoding="ascii")
+        with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
+            reg.write('\n[Software\\\\Wine\\\\Drivers] 1700000000\n"Audio"="alsa"\n')
+
+    def sound_streams(self):
+        """The captured streams in the order they were opened, each as a
+        dict of rate, channels, format (ALSA's name, e.g. S16_LE) and path."""
+        streams = []
+        for path in sorted(self.sound_dir.glob("stream_*"), key=lambda p: p.stat().st_mtime_ns):
+            _, rate, channels, fmt = path.name.split(".")[0].split("_", 3)
+            streams.append({"rate": int(rate), "channels": int(channels), "format": fmt, "path": path})
+        return streams
+
+    @staticmethod
+    def sound_stat(stream):
+        """sox's measurements of a captured 16-bit stream: samples, maximum
+        and minimum amplitude (full scale 1.0), rough frequency in Hz."""
+        result = subprocess.run(
+            ["sox", "-t", "raw", "-r", str(stream["rate"]), "-c", str(stream["channels"]),
+             "-e", "signed-integer", "-b", "16", "-L", str(stream["path"]), "-n", "stat"],
+            check=True, capture_output=True, text=True, timeout=60)
+        stat = {}
+        for line in result.stderr.splitlines():
+            name, _, value = line.partition(":")
+            try:
+                stat[name.strip()] = float(value)
+            except ValueError:
+                pass
+        return {"samples": int(stat["Samples read"]), "max": stat["Maximum amplitude"],
+                "min": stat["Minimum amplitude"], "frequency": stat["Rough   frequency"]}
 
     # -- programs ------------------------------------------------------------
 
