@@ -11,10 +11,6 @@
 
 namespace {
 
-struct Tint {
-    uint8_t red, green, blue;
-};
-
 // Soft pastel tints of ordinary bubbles.
 constexpr Tint kBubblePalette[6] = {
     {180, 226, 255}, {255, 200, 224}, {210, 255, 220}, {255, 236, 180}, {220, 210, 255}, {200, 245, 245},

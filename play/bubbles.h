@@ -5,6 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 
+// A colour of the moving things, opaque.
+struct Tint {
+    uint8_t red, green, blue;
+};
+
 struct Bubble {
     float x = 0, y = 0;      // centre, play-field pixels
     float radius = 0;        // as drawn, pixels

@@ -1,6 +1,8 @@
 // Presses on buttons, bubbles and the penguin; the long press.
 #include "play/pointer_input.h"
 
+#include <algorithm>
+
 #include "app/display_windows.h"
 #include "app/shell.h"
 #include "play/dirty_region.h"
@@ -22,18 +24,21 @@ bool Contains(const Rect& r, Point p) {
     return r.left <= p.x && p.x <= r.right && r.top <= p.y && p.y <= r.bottom;  // every edge counts
 }
 
-// A press on a button; false when the point is on none.
+// A press on the first button under the point; false when it is on none
+// (or on a button of no known kind).
 bool PressButton(Point point) {
-    for (const UiButton& button : g_playField.buttons) {
-        if (!Contains(button.rect, point)) continue;
-        if (button.kind == kFinishButton) {
-            EndPlay();
-        } else if (button.kind == kSoundButton) {
-            g_soundEnabled = !g_soundEnabled;  // this run only; the settings stay
-            DirtyRegion region;
-            AddDirtyRect(region, ButtonPaintArea(button.rect));
-            InvalidateDirty(region);
-        }
+    const auto button = std::find_if(g_playField.buttons.begin(), g_playField.buttons.end(),
+                                     [&](const UiButton& b) { return Contains(b.rect, point); });
+    if (button == g_playField.buttons.end()) return false;
+    if (button->kind == kFinishButton) {
+        EndPlay();  // takes the windows away: touch nothing afterwards
+        return true;
+    }
+    if (button->kind == kSoundButton) {
+        g_soundEnabled = !g_soundEnabled;  // this run only; the settings stay
+        DirtyRegion region;
+        AddDirtyRect(region, ButtonPaintArea(button->rect));
+        InvalidateDirty(region);
         return true;
     }
     return false;

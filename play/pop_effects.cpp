@@ -5,14 +5,11 @@
 #include <cmath>
 
 #include "app/display_windows.h"
+#include "play/bubbles.h"
 #include "play/play_field.h"
 #include "play/random.h"
 
 namespace {
-
-struct Tint {
-    uint8_t red, green, blue;
-};
 
 // Bright droplet colours of a full pop.
 constexpr Tint kSparkPalette[6] = {
