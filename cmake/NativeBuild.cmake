@@ -31,7 +31,6 @@ add_library(portable_header_check OBJECT ${HEADER_CHECK_SOURCES})
 target_include_directories(portable_header_check PRIVATE ${PROJECT_SOURCE_DIR})
 
 include(${PROJECT_SOURCE_DIR}/tests/unit/UnitTests.cmake)
-include(${PROJECT_SOURCE_DIR}/benchmarks/Benchmarks.cmake)
 include(${PROJECT_SOURCE_DIR}/tests/harness/Harness.cmake)
 include(${PROJECT_SOURCE_DIR}/tests/benchmark/Benchmarks.cmake)
 

@@ -1,7 +1,7 @@
 # Speed and memory measurements of the portable core with Google Benchmark:
 # one program per tests/benchmark/*_benchmark.cpp, optimised whatever the
 # build type, built with everything else but never run by the test command.
-#   cmake --build build --target benchmarks
+#   ./puffino bench   (builds them, then runs each)
 #   build/benchmark/<name>_benchmark
 find_package(benchmark REQUIRED)
 
@@ -12,7 +12,10 @@ file(GLOB BENCHMARK_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*_benchm
 add_custom_target(benchmarks)
 foreach(source IN LISTS BENCHMARK_SOURCES)
   get_filename_component(name ${source} NAME_WE)
-  add_executable(${name} ${source})
+  # The recording stand-ins answer what the core asks of the system.
+  add_executable(${name} ${source} ${PROJECT_SOURCE_DIR}/tests/unit/fake_platform.cpp
+                                   ${PROJECT_SOURCE_DIR}/tests/unit/settings_fakes.cpp)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_compile_options(${name} PRIVATE -O2 -DNDEBUG)
   target_link_libraries(${name} PRIVATE puffino_core_optimised benchmark::benchmark_main)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/benchmark)
