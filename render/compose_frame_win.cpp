@@ -1,16 +1,13 @@
 // The scenery buffer and the composition of a frame over it.
-#include <windows.h>
-#include <objbase.h>
-#include <gdiplus.h>
-
 #include "render/frame_buffers.h"
+#include "render/scenery_win.h"
 
 void RenderScenery(DisplayWindow& window) {
     if (!window.sceneryDC) return;
     Gdiplus::Graphics graphics(window.sceneryDC);
     graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
     graphics.Clear(Gdiplus::Color(kSceneryClearColour));
-    // The landscapes join with the scenery.
+    DrawScenery(graphics, {0, 0, window.width, window.height}, window.sceneryTheme);
 }
 
 void ComposeFrame(DisplayWindow& window, const Rect& dirty) {

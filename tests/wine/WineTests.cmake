@@ -53,3 +53,16 @@ puffino_wine_tests(penguin_images_tests
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
 add_dependencies(penguin_images_tests pose_pictures)
+set(SCENERY_SOURCES
+  ${PROJECT_SOURCE_DIR}/render/scenery_layout.cpp
+  ${PROJECT_SOURCE_DIR}/render/scenery_win.cpp)
+puffino_wine_tests(scenery_tests
+  ${CMAKE_CURRENT_LIST_DIR}/scenery_tests.cpp
+  ${SCENERY_SOURCES})
+
+# Not a test: paints every landscape into PNG files for a person to look at
+# (tools/scenery_gallery.py).
+add_executable(scenery_gallery ${PROJECT_SOURCE_DIR}/tools/scenery_gallery_win.cpp ${SCENERY_SOURCES})
+target_link_options(scenery_gallery PRIVATE -municode)
+target_link_libraries(scenery_gallery PRIVATE ${PUFFINO_SYSTEM_LIBRARIES})
+set_target_properties(scenery_gallery PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})
