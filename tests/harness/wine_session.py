@@ -300,13 +300,30 @@ class WineSession:
         return self.wait_for(shown, f"{count} visible Puffino windows", timeout)
 
     def start_puffino(self, windows, env=None):
-        """Starts Puffino.exe and waits until it shows that many windows."""
+        """Starts Puffino.exe and waits until its start-up is over: that
+        many windows shown and each of them painted. The windows are
+        visible from their creation on, but Puffino paints only once its
+        message loop runs, after it has brought the home window to the
+        foreground and installed the keyboard guard. Returns the process and
+        the windows as the system lists them then."""
         process = self.launch(PUFFINO_EXE, env=env)
         try:
-            return process, self.wait_for_windows(windows)
+            shown = self.wait_for_windows(windows)
+            self.wait_for(lambda: self.painted(shown), "every Puffino window painted")
+            return process, self.windows()
         except AssertionError:
             process.kill()
             raise
+
+    def painted(self, windows):
+        """Whether every window shows something other than black near its
+        top-left corner. Window rectangles are in virtual-screen
+        coordinates; the X screen starts at the virtual screen's corner."""
+        shot = self.screenshot("start-up")
+        left = min(w["rect"][0] for w in windows)
+        top = min(w["rect"][1] for w in windows)
+        return all(shot.pixel(w["rect"][0] - left + 10, w["rect"][1] - top + 5) != (0, 0, 0)
+                   for w in windows)
 
     def wait_exit(self, process, timeout=30):
         try:
