@@ -343,17 +343,6 @@ class WineSession:
                              stdout=subprocess.PIPE, timeout=60).stdout
         return Screenshot(png, self.width, self.height, rgb)
 
-    def screenshot_when(self, ready, name=None, timeout=30.0):
-        """Screenshots until ready(shot) holds, for what is painted after the
-        windows appear; returns the last shot either way, so that the test's
-        own assertions say what is wrong."""
-        deadline = time.monotonic() + timeout
-        while True:
-            shot = self.screenshot(name)
-            if ready(shot) or time.monotonic() > deadline:
-                return shot
-            time.sleep(0.2)
-
     def xdotool(self, *args):
         subprocess.run(["xdotool", *[str(a) for a in args]], check=True, timeout=30,
                        env={**os.environ, "DISPLAY": self.xvfb.display})
