@@ -58,6 +58,18 @@ target_link_options(Puffino PRIVATE -municode)
 target_link_libraries(Puffino PRIVATE ${PUFFINO_SYSTEM_LIBRARIES})
 add_dependencies(Puffino pose_pictures)
 
+# The rounded faces beside the executable, fetched from their pinned npm
+# package; the tarball is kept in downloads/ so rebuilds do not fetch again.
+set(PUFFINO_FONTS_DIR ${CMAKE_CURRENT_BINARY_DIR}/Fonts)
+set(PUFFINO_FONT_FILES ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Regular.ttf
+                       ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Black.ttf
+                       ${PUFFINO_FONTS_DIR}/OFL.txt)
+add_custom_command(OUTPUT ${PUFFINO_FONT_FILES}
+  COMMAND ${CMAKE_COMMAND} -DCACHE_DIR=${CMAKE_CURRENT_BINARY_DIR}/downloads
+          -DFONTS_DIR=${PUFFINO_FONTS_DIR} -P ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake
+  DEPENDS ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake VERBATIM)
+add_custom_target(fonts ALL DEPENDS ${PUFFINO_FONT_FILES})
+
 # GoogleTest from Debian's sources, built with this toolchain for the tests
 # that run under Wine.
 set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
