@@ -1,6 +1,145 @@
-// Font files through GDI+ private collections.
-#include "assets/fonts.h"
+// Font files through GDI+ private collections, with installed fallbacks.
+#include "assets/fonts_win.h"
+
+#include <array>
+#include <climits>
+#include <filesystem>
+#include <fstream>
+
+#include "assets/asset_paths.h"
+#include "assets/font_folders.h"
+
+namespace {
+
+// Japanese families that may be installed, best first.
+constexpr std::array<const wchar_t*, 5> kFallbackFamilyNames = {
+    L"HGP創立者角ポップ体 W9", L"HG丸ゴシックM-PRO", L"Yu Kyokasho Yoko", L"Yu Gothic UI",
+    L"Meiryo UI",
+};
+
+// Everything this file keeps for the life of the process; released by
+// ReleaseFonts only.
+struct Fonts {
+    LoadedFont regular;  // "MPLUSRounded1c-Regular.ttf"
+    LoadedFont black;    // "MPLUSRounded1c-Black.ttf"
+    std::array<std::unique_ptr<Gdiplus::FontFamily>, kFallbackFamilyNames.size()> fallbacks;
+    const Gdiplus::FontFamily* label = nullptr;
+    const Gdiplus::FontFamily* praise = nullptr;
+};
+Fonts g_fonts;
+
+// Reading the status resets it, as the GDI+ wrappers do; a family made from
+// the name of a font that is not installed has no native handle.
+bool IsUsable(const Gdiplus::FontFamily& family) {
+    return family.GetLastStatus() == Gdiplus::Ok && family.IsAvailable();
+}
+
+void Unload(LoadedFont& font) {
+    // The family refers into the collection, which reads from the bytes.
+    font.family.reset();
+    font.collection.reset();
+    font.bytes.clear();
+    font.bytes.shrink_to_fit();
+}
+
+}  // namespace
+
+std::wstring FindFontFile(const wchar_t* fileName) {
+    const std::wstring folder = FindFontsFolder(ExecutableFolder());
+    if (folder.empty()) return {};
+    std::wstring path = JoinPath(folder, fileName);
+    return PathExists(path) ? path : std::wstring();
+}
+
+const Gdiplus::FontFamily* LoadFontFile(LoadedFont& font, const std::wstring& path) {
+    std::ifstream stream(std::filesystem::path(path), std::ios::binary | std::ios::ate);
+    if (!stream) return nullptr;
+    const std::streamoff size = stream.tellg();
+    if (size < 1 || size > INT_MAX) return nullptr;  // GDI+ takes the size as an INT
+    stream.seekg(0);
+    font.bytes.resize(static_cast<size_t>(size));
+    stream.read(font.bytes.data(), size);
+    const bool readWhole = static_cast<bool>(stream);
+    stream.close();
+    if (!readWhole) return nullptr;
+
+    font.collection = std::make_unique<Gdiplus::PrivateFontCollection>();
+    const Gdiplus::Status added =
+        font.collection->AddMemoryFont(font.bytes.data(), static_cast<INT>(font.bytes.size()));
+    if (added != Gdiplus::Ok || font.collection->GetFamilyCount() < 1) {
+        Unload(font);
+        return nullptr;
+    }
+    font.family = std::make_unique<Gdiplus::FontFamily>();
+    INT found = 0;
+    const Gdiplus::Status listed = font.collection->GetFamilies(1, font.family.get(), &found);
+    if (listed == Gdiplus::Ok && found >= 1 && font.family->GetLastStatus() == Gdiplus::Ok) {
+        font.loaded = true;
+        return font.family.get();
+    }
+    Unload(font);
+    return nullptr;
+}
+
+const Gdiplus::FontFamily* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName) {
+    // One attempt per run: a face that failed is not tried again, and one
+    // that loaded stays loaded even if its file goes away.
+    if (font.attempted) return font.loaded ? font.family.get() : nullptr;
+    font.attempted = true;
+    const std::wstring path = FindFontFile(fileName);
+    if (path.empty()) return nullptr;
+    return LoadFontFile(font, path);
+}
+
+const Gdiplus::FontFamily* ChooseFallbackFamily(bool boldRequired) {
+    if (!g_fonts.fallbacks[0]) {
+        for (size_t i = 0; i < kFallbackFamilyNames.size(); ++i) {
+            g_fonts.fallbacks[i] = std::make_unique<Gdiplus::FontFamily>(kFallbackFamilyNames[i]);
+        }
+    }
+    for (const auto& family : g_fonts.fallbacks) {
+        if (!IsUsable(*family)) continue;
+        // A failed query leaves its status in the family and counts as no.
+        if (!boldRequired || family->IsStyleAvailable(Gdiplus::FontStyleBold)) return family.get();
+    }
+    // Nothing qualifies: the last entry, whose text then simply comes out
+    // empty while the panels are still drawn.
+    return g_fonts.fallbacks.back().get();
+}
+
+INT PathStyleFor(const Gdiplus::FontFamily* family) {
+    if (!family || family == LoadPrivateFamily(g_fonts.black, kBlackFontFile)) {
+        return Gdiplus::FontStyleRegular;
+    }
+    return family->IsStyleAvailable(Gdiplus::FontStyleBold) ? Gdiplus::FontStyleBold
+                                                            : Gdiplus::FontStyleRegular;
+}
+
+const Gdiplus::FontFamily* LabelFamily() {
+    if (!g_fonts.label) {
+        g_fonts.label = LoadPrivateFamily(g_fonts.regular, kRegularFontFile);
+        if (!g_fonts.label) g_fonts.label = ChooseFallbackFamily(false);
+    }
+    return g_fonts.label;
+}
+
+const Gdiplus::FontFamily* PraiseFamily() {
+    if (!g_fonts.praise) {
+        g_fonts.praise = LoadPrivateFamily(g_fonts.black, kBlackFontFile);
+        // An installed family stands in for the black face only if it is bold.
+        if (!g_fonts.praise) g_fonts.praise = ChooseFallbackFamily(true);
+    }
+    return g_fonts.praise;
+}
 
 void ReleaseFonts() {
-    // The font files join with the labels.
+    g_fonts.label = nullptr;
+    g_fonts.praise = nullptr;
+    Unload(g_fonts.regular);
+    Unload(g_fonts.black);
+    for (auto& family : g_fonts.fallbacks) family.reset();
+    // The records start over, so a later use (only tests make one) loads
+    // afresh instead of handing out released families.
+    g_fonts.regular = {};
+    g_fonts.black = {};
 }

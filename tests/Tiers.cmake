@@ -15,9 +15,10 @@ add_test(NAME wine.prefix COMMAND ${Python3_EXECUTABLE} ${HARNESS_DIR}/prepare_p
 set_tests_properties(wine.prefix PROPERTIES FIXTURES_SETUP wine_prefix LABELS wine
                      ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
 
-# puffino_wine_test(NAME [HEADS monitors] [DPI n] COMMAND program args...)
+# puffino_wine_test(NAME [HEADS monitors] [DPI n] [INSTALL_FONTS file...]
+#                   [REPLACE_FONTS name=font...] COMMAND program args...)
 function(puffino_wine_test name)
-  cmake_parse_arguments(ARG "" "HEADS;DPI" "COMMAND" ${ARGN})
+  cmake_parse_arguments(ARG "" "HEADS;DPI" "INSTALL_FONTS;REPLACE_FONTS;COMMAND" ${ARGN})
   set(options --label wine.${name})
   if(ARG_HEADS)
     list(APPEND options --heads ${ARG_HEADS})
@@ -25,6 +26,12 @@ function(puffino_wine_test name)
   if(ARG_DPI)
     list(APPEND options --dpi ${ARG_DPI})
   endif()
+  foreach(font IN LISTS ARG_INSTALL_FONTS)
+    list(APPEND options --install-font ${font})
+  endforeach()
+  foreach(replacement IN LISTS ARG_REPLACE_FONTS)
+    list(APPEND options --replace-font ${replacement})
+  endforeach()
   add_test(NAME wine.${name}
            COMMAND ${Python3_EXECUTABLE} ${HARNESS_DIR}/run_in_wine.py ${options} ${ARG_COMMAND})
   set_tests_properties(wine.${name} PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS wine
@@ -51,6 +58,14 @@ puffino_wine_test(shell.dpi_144 HEADS 1920x1080+0+0 DPI 144
 puffino_wine_test(scenery COMMAND ${WINE_TEST_PROGRAMS}/scenery_tests.exe)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
 puffino_wine_test(penguin_images COMMAND ${WINE_TEST_PROGRAMS}/penguin_images_tests.exe)
+puffino_wine_test(text COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe
+  --gtest_filter=-InstalledFallbacks.*)
+# Two of the five fallback families "installed": the first without a bold
+# face (the regular rounded face), the third with one (DejaVu Sans).
+puffino_wine_test(text.installed_fallbacks
+  INSTALL_FONTS ${PUFFINO_WINDOWS_BUILD}/Fonts/MPLUSRounded1c-Regular.ttf
+  REPLACE_FONTS "HGP創立者角ポップ体 W9=Rounded Mplus 1c" "Yu Kyokasho Yoko=DejaVu Sans"
+  COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=InstalledFallbacks.*)
 
 puffino_e2e_test(shell.two_monitors test_shell.TwoMonitors)
 puffino_e2e_test(shell.left_of_primary test_shell.LeftOfPrimary)

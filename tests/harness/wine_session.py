@@ -123,11 +123,14 @@ class WineSession:
     context manager; everything is removed again on exit (the artifacts
     folder keeps the screenshots)."""
 
-    def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None, sound_capture=False):
+    def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None, sound_capture=False,
+                 font_replacements=None, fonts=()):
         self.label = label
         self.heads = tuple(heads)
         self.dpi = dpi
         self.sound_capture = sound_capture
+        self.font_replacements = dict(font_replacements or {})
+        self.fonts = tuple(fonts)
         self.artifacts = Path(artifacts) if artifacts else ARTIFACTS / label
         self.processes = []
         self.shots = 0
@@ -157,6 +160,11 @@ class WineSession:
             self.set_dpi(self.dpi)
         if self.sound_capture:
             self.capture_sound()
+        for font in self.fonts:
+            # Wine loads every font file in the Windows font folder.
+            shutil.copy(font, self.prefix / "drive_c" / "windows" / "Fonts")
+        if self.font_replacements:
+            self.replace_fonts(self.font_replacements)
         heads = [parse_head(h) for h in self.heads]
         self.width = max(x + w for w, h, x, y in heads)
         self.height = max(y + h for w, h, x, y in heads)
@@ -238,6 +246,19 @@ class WineSession:
                 pass
         return {"samples": int(stat["Samples read"]), "max": stat["Maximum amplitude"],
                 "min": stat["Minimum amplitude"], "frequency": stat["Rough   frequency"]}
+    def replace_fonts(self, replacements):
+        """Wine's font replacements: each family name (which need not be
+        installed) stands for an installed font, e.g. {"Segoe UI Symbol":
+        "DejaVu Sans"}. Programs started afterwards see the names as
+        installed families."""
+        def reg_string(text):
+            # The registry files spell every non-ASCII character \xNNNN.
+            return "".join(c if 32 <= ord(c) < 127 and c not in '"\\' else f"\\x{ord(c):04x}"
+                           for c in text)
+        with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
+            reg.write("\n[Software\\\\Wine\\\\Fonts\\\\Replacements] 1700000000\n")
+            for name, target in replacements.items():
+                reg.write(f'"{reg_string(name)}"="{reg_string(target)}"\n')
 
     # -- programs ------------------------------------------------------------
 

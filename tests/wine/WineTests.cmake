@@ -66,3 +66,24 @@ add_executable(scenery_gallery ${PROJECT_SOURCE_DIR}/tools/scenery_gallery_win.c
 target_link_options(scenery_gallery PRIVATE -municode)
 target_link_libraries(scenery_gallery PRIVATE ${PUFFINO_SYSTEM_LIBRARIES})
 set_target_properties(scenery_gallery PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})
+# The fonts and the outlined text, with the shipped faces in a "Fonts"
+# folder beside the test program, where the program's search finds them.
+add_custom_command(OUTPUT ${TESTS_OUT}/Fonts/MPLUSRounded1c-Regular.ttf
+                          ${TESTS_OUT}/Fonts/MPLUSRounded1c-Black.ttf
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${TESTS_OUT}/Fonts
+  COMMAND ${CMAKE_COMMAND} -E copy ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Regular.ttf
+          ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Black.ttf ${TESTS_OUT}/Fonts
+  DEPENDS ${PUFFINO_FONT_FILES} VERBATIM)
+add_custom_target(test_fonts ALL DEPENDS ${TESTS_OUT}/Fonts/MPLUSRounded1c-Regular.ttf)
+puffino_wine_tests(text_tests
+  ${CMAKE_CURRENT_LIST_DIR}/font_tests.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/outlined_text_tests.cpp
+  ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
+  ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
+  ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp
+  ${PROJECT_SOURCE_DIR}/assets/font_folders.cpp
+  ${PROJECT_SOURCE_DIR}/assets/fonts_win.cpp
+  ${PROJECT_SOURCE_DIR}/text/text_lines.cpp
+  ${PROJECT_SOURCE_DIR}/text/text_metrics.cpp
+  ${PROJECT_SOURCE_DIR}/text/outlined_text_win.cpp)
+add_dependencies(text_tests test_fonts)

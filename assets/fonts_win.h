@@ -1,0 +1,52 @@
+// The font families the labels draw with: the two rounded faces loaded from
+// their files into private GDI+ collections, else an installed Japanese
+// family. Everything here runs on the UI thread, inside painting.
+#pragma once
+
+#include <windows.h>
+#include <objbase.h>
+#include <gdiplus.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "assets/fonts.h"
+
+// One font file and what GDI+ made of it. GDI+ reads the family's glyphs
+// from the bytes for as long as the collection lives, so they stay here.
+struct LoadedFont {
+    std::vector<char> bytes;  // the whole file
+    std::unique_ptr<Gdiplus::PrivateFontCollection> collection;
+    std::unique_ptr<Gdiplus::FontFamily> family;  // the file's first family
+    bool attempted = false;  // the one load attempt was made
+    bool loaded = false;     // and it gave a family
+};
+
+// The full path of the named file in the font folder of this executable,
+// worked out afresh on every call; empty when there is no such entry.
+std::wstring FindFontFile(const wchar_t* fileName);
+
+// The family of the named font file, or null. Only the first call for a
+// record looks at the disk; later calls report that outcome again.
+const Gdiplus::FontFamily* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName);
+
+// The part of LoadPrivateFamily after the path is known: reads the file
+// into the record and makes its collection and family. On failure the
+// record keeps no collection, no family and no bytes.
+const Gdiplus::FontFamily* LoadFontFile(LoadedFont& font, const std::wstring& path);
+
+// An installed family from the fixed fallback list; with bold required,
+// only one that offers Bold. Never null: when nothing qualifies it is the
+// last entry, usable or not.
+const Gdiplus::FontFamily* ChooseFallbackFamily(bool boldRequired);
+
+// The style (FontStyleRegular or FontStyleBold) in which text becomes a path
+// in this family: bold wherever the family offers it, except the black face,
+// which is heavy enough already. Null gives Regular.
+INT PathStyleFor(const Gdiplus::FontFamily* family);
+
+// The families of the labels (regular face) and of the praise words (black
+// face), each chosen on its first use and kept until ReleaseFonts.
+const Gdiplus::FontFamily* LabelFamily();
+const Gdiplus::FontFamily* PraiseFamily();
