@@ -1,0 +1,12 @@
+// The penguin on the home window: its pose pictures scaled into its box,
+// bobbing at rest, wobbling while it blows, hopping when it celebrates.
+#pragma once
+
+#include <windows.h>
+#include <objbase.h>
+#include <gdiplus.h>
+
+// Draws the penguin for the current play-field state. Called by the frame
+// composition for the home window only, with the world transform already in
+// play-field coordinates.
+void DrawPenguin(Gdiplus::Graphics& graphics);
