@@ -1,0 +1,96 @@
+// The penguin's bob, hops and cross-fade as planned for each paint, and the
+// mouth point the drawing keeps in step.
+#include <gtest/gtest.h>
+
+#include <numbers>
+#include <vector>
+
+#include "app/display_windows.h"
+#include "play/play_field.h"
+#include "render/penguin_motion.h"
+#include "render/pose_placement.h"
+#include "tests/unit/fake_platform.h"
+
+namespace {
+
+TEST(PenguinMotion, CrossFadesOnlyIntoTheCelebrationsOwnPicture) {
+    struct Drawn { int32_t pose; float opacity; };
+    const struct {
+        float timeLeft;
+        bool yatta, celebrateLoaded, blowing;
+        std::vector<Drawn> expected;  // back to front
+    } cases[] = {
+        {84, true, true, false, {{kPoseStanding, 1}}},  // the first tick: nothing faded in yet
+        {80, true, true, false, {{kPoseStanding, 0.896f}, {kPoseCelebrating, 0.104f}}},
+        {74, true, true, true, {{kPoseBlowing, 0.5f}, {kPoseCelebrating, 0.5f}}},
+        {64, true, true, false, {{kPoseCelebrating, 1}}},
+        {0, true, true, false, {{kPoseStanding, 1}}},    // over: back at once
+        {64, false, true, false, {{kPoseStanding, 1}}},  // happy.png: hops, no fade
+        {64, true, false, true, {{kPoseBlowing, 1}}},    // nothing to fade into
+    };
+    for (const auto& c : cases) {
+        ResetWorld();
+        if (c.celebrateLoaded) g_fake.poseSizes[PoseImage::Celebrate] = {300, 400};
+        g_playField.celebrateTimeLeft = c.timeLeft;
+        g_playField.blowing = c.blowing;
+        g_playField.animClock = 0.7f;  // mid-breath: a bob would show
+        g_playField.mouthX = -1;
+        const PenguinDraws plan = PlanPenguin(c.yatta);
+        ASSERT_EQ(plan.count, static_cast<int32_t>(c.expected.size())) << c.timeLeft;
+        // A celebrating penguin does not bob, and its mouth point rests.
+        EXPECT_EQ(g_playField.mouthX == -1, c.timeLeft > 0) << c.timeLeft;
+        for (int32_t i = 0; i < plan.count; ++i) {
+            EXPECT_EQ(plan.draws[i].offsetY == 0, c.timeLeft > 0) << c.timeLeft << " draw " << i;
+            EXPECT_EQ(plan.draws[i].pose, c.expected[i].pose) << c.timeLeft << " draw " << i;
+            EXPECT_NEAR(plan.draws[i].opacity, c.expected[i].opacity, 1e-5) << c.timeLeft << " draw " << i;
+        }
+    }
+}
+
+TEST(PenguinMotion, HopsLiftByTheStandingHeightAndSquashAtTheGround) {
+    const struct { float phase, bottom, height; } cases[] = {
+        {0, 954, 216},                         // take-off: 90 % tall
+        {0.25f * 0.85f, 954 - 68.4f, 238.5f},  // a quarter through the first hop
+        {3.5f * 0.85f, 954 - 56.544f, 240},    // top of the fourth (lower) hop
+        {4.5f * 0.85f, 954 - 91.2f, 240},      // top of the fifth
+        {7.65f, 954, 240},                     // the hops are over
+    };
+    for (const auto& c : cases) {
+        const HopPose hop = HopAt(c.phase, 954, 240);
+        EXPECT_NEAR(hop.bottom, c.bottom, 2e-3) << c.phase;
+        EXPECT_NEAR(hop.height, c.height, 2e-3) << c.phase;
+    }
+}
+
+TEST(PenguinMotion, BobsWobblesAndKeepsTheMouthOverTheBeak) {
+    const float peakBob = std::numbers::pi_v<float> / 4, peakWobble = std::numbers::pi_v<float> / 6;
+    const struct {
+        float scale;
+        bool blowing;
+        Rect box;
+        bool blowLoaded;  // 300 x 600: drawn 120 wide
+        float centreX, offsetY, mouthX;
+    } cases[] = {
+        {1, false, {1637, 714, 1847, 954}, false, 1742, 3, 1742 + 52.8f},  // no pictures: a square
+        {2, true, {1637, 714, 1847, 954}, true, 1742, 6 + 8, 1742 - 60 + 86.4f},
+        {1, false, {0, 0, 315, 240}, true, 157, 3, 157 - 60 + 86.4f},  // a whole-pixel centre
+    };
+    for (const auto& c : cases) {
+        ResetWorld();
+        if (c.blowLoaded) g_fake.poseSizes[PoseImage::Blow] = {300, 600};
+        g_dpiScale = c.scale;
+        g_playField.penguinBox = c.box;
+        g_playField.blowing = c.blowing;
+        g_playField.animClock = peakBob;
+        g_playField.blowPhase = peakWobble;
+        const PenguinDraws plan = PlanPenguin(true);
+        ASSERT_EQ(plan.count, 1);
+        const PoseDraw& d = plan.draws[0];
+        EXPECT_TRUE(d.centreX == c.centreX && d.bottom == c.box.bottom && d.height == 240) << c.scale;
+        EXPECT_EQ(d.pose, c.blowing ? kPoseBlowing : kPoseStanding);
+        EXPECT_NEAR(d.offsetY, c.offsetY, 1e-4) << c.scale;
+        EXPECT_NEAR(g_playField.mouthX, c.mouthX, 1e-3) << c.scale;
+    }
+}
+
+}  // namespace
