@@ -80,15 +80,19 @@ void ReleasePenguinImages() {
     g_penguinImages.celebratingIsYatta = false;
 }
 
-bool PoseImageSize(PoseImage pose, int32_t& width, int32_t& height) {
+Gdiplus::Image* PoseSlotImage(PoseImage pose) {
     const PenguinImages& images = g_penguinImages;
-    Gdiplus::Image* image = nullptr;
     switch (pose) {
-        case PoseImage::Idle: image = images.idleImage.get(); break;
-        case PoseImage::Blow: image = images.blowImage.get(); break;
-        case PoseImage::Celebrate: image = images.celebrateImage.get(); break;
-        case PoseImage::Cheer: image = images.cheerImage.get(); break;
+        case PoseImage::Idle: return images.idleImage.get();
+        case PoseImage::Blow: return images.blowImage.get();
+        case PoseImage::Celebrate: return images.celebrateImage.get();
+        case PoseImage::Cheer: return images.cheerImage.get();
     }
+    return nullptr;
+}
+
+bool PoseImageSize(PoseImage pose, int32_t& width, int32_t& height) {
+    Gdiplus::Image* image = PoseSlotImage(pose);
     if (!image) return false;
     // A size that cannot be read counts as one pixel.
     width = std::max<int32_t>(static_cast<int32_t>(image->GetWidth()), 1);

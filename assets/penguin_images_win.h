@@ -32,6 +32,10 @@ struct PenguinImages {
 
 extern PenguinImages g_penguinImages;
 
+// The picture in a pose's slot, or null while the slot is empty. Read by
+// the penguin's drawing and for the pictures' sizes.
+Gdiplus::Image* PoseSlotImage(PoseImage pose);
+
 // Further file stems (without ".png") tried, in order, for a missing
 // standing or celebrating picture.
 extern const std::array<std::wstring_view, 9> PoseFallbackNames;

@@ -58,6 +58,7 @@ puffino_wine_test(shell.dpi_144 HEADS 1920x1080+0+0 DPI 144
 puffino_wine_test(scenery COMMAND ${WINE_TEST_PROGRAMS}/scenery_tests.exe)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
 puffino_wine_test(penguin_images COMMAND ${WINE_TEST_PROGRAMS}/penguin_images_tests.exe)
+puffino_wine_test(penguin_sprite COMMAND ${WINE_TEST_PROGRAMS}/penguin_sprite_tests.exe)
 puffino_wine_test(text COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe
   --gtest_filter=-InstalledFallbacks.*)
 # Two of the five fallback families "installed": the first without a bold

@@ -45,13 +45,15 @@ puffino_wine_tests(settings_tests
   ${PROJECT_SOURCE_DIR}/app/shell.cpp)
 
 # The pose pictures: loading with fallbacks and their clean-up.
-puffino_wine_tests(penguin_images_tests
-  ${CMAKE_CURRENT_LIST_DIR}/penguin_images_tests.cpp
+set(POSE_LOADER_SOURCES
   ${PROJECT_SOURCE_DIR}/assets/penguin_images_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_prepare_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_filters.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
+puffino_wine_tests(penguin_images_tests
+  ${CMAKE_CURRENT_LIST_DIR}/penguin_images_tests.cpp
+  ${POSE_LOADER_SOURCES})
 add_dependencies(penguin_images_tests pose_pictures)
 set(SCENERY_SOURCES
   ${PROJECT_SOURCE_DIR}/render/scenery_layout.cpp
@@ -59,6 +61,19 @@ set(SCENERY_SOURCES
 puffino_wine_tests(scenery_tests
   ${CMAKE_CURRENT_LIST_DIR}/scenery_tests.cpp
   ${SCENERY_SOURCES})
+
+# The penguin drawn from the shipped pose pictures, over a landscape.
+puffino_wine_tests(penguin_sprite_tests
+  ${CMAKE_CURRENT_LIST_DIR}/penguin_sprite_tests.cpp
+  ${PROJECT_SOURCE_DIR}/render/penguin_sprite_win.cpp
+  ${PROJECT_SOURCE_DIR}/render/pose_drawing_win.cpp
+  ${PROJECT_SOURCE_DIR}/render/penguin_motion.cpp
+  ${PROJECT_SOURCE_DIR}/render/pose_placement.cpp
+  ${PROJECT_SOURCE_DIR}/play/screen_areas.cpp
+  ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
+  ${POSE_LOADER_SOURCES}
+  ${SCENERY_SOURCES})
+add_dependencies(penguin_sprite_tests pose_pictures)
 
 # Not a test: paints every landscape into PNG files for a person to look at
 # (tools/scenery_gallery.py).
