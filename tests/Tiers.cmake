@@ -67,6 +67,12 @@ puffino_wine_test(text.installed_fallbacks
   INSTALL_FONTS ${PUFFINO_WINDOWS_BUILD}/Fonts/MPLUSRounded1c-Regular.ttf
   REPLACE_FONTS "HGP創立者角ポップ体 W9=Rounded Mplus 1c" "Yu Kyokasho Yoko=DejaVu Sans"
   COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=InstalledFallbacks.*)
+# The labels, with DejaVu Sans for the symbol font so that the button
+# symbols show; then without any usable family: panels without text.
+puffino_wine_test(labels REPLACE_FONTS "Segoe UI Symbol=DejaVu Sans"
+  COMMAND ${WINE_TEST_PROGRAMS}/labels_tests.exe)
+puffino_wine_test(labels.without_fonts
+  COMMAND ${WINE_TEST_PROGRAMS}/without_fonts/labels_tests.exe --gtest_filter=Labels.EachStays*)
 
 puffino_e2e_test(shell.two_monitors test_shell.TwoMonitors)
 puffino_e2e_test(shell.left_of_primary test_shell.LeftOfPrimary)

@@ -90,9 +90,7 @@ add_custom_command(OUTPUT ${TESTS_OUT}/Fonts/MPLUSRounded1c-Regular.ttf
           ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Black.ttf ${TESTS_OUT}/Fonts
   DEPENDS ${PUFFINO_FONT_FILES} VERBATIM)
 add_custom_target(test_fonts ALL DEPENDS ${TESTS_OUT}/Fonts/MPLUSRounded1c-Regular.ttf)
-puffino_wine_tests(text_tests
-  ${CMAKE_CURRENT_LIST_DIR}/font_tests.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/outlined_text_tests.cpp
+set(TEXT_SOURCES
   ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp
@@ -101,4 +99,22 @@ puffino_wine_tests(text_tests
   ${PROJECT_SOURCE_DIR}/text/text_lines.cpp
   ${PROJECT_SOURCE_DIR}/text/text_metrics.cpp
   ${PROJECT_SOURCE_DIR}/text/outlined_text_win.cpp)
+puffino_wine_tests(text_tests
+  ${CMAKE_CURRENT_LIST_DIR}/font_tests.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/outlined_text_tests.cpp
+  ${TEXT_SOURCES})
 add_dependencies(text_tests test_fonts)
+# The labels, drawn as the home window gets them. A copy of the program
+# away from the "Fonts" folder finds no usable family at all.
+puffino_wine_tests(labels_tests
+  ${CMAKE_CURRENT_LIST_DIR}/labels_tests.cpp
+  ${TEXT_SOURCES}
+  ${PROJECT_SOURCE_DIR}/play/screen_areas.cpp
+  ${PROJECT_SOURCE_DIR}/settings/language.cpp
+  ${PROJECT_SOURCE_DIR}/text/label_layout.cpp
+  ${PROJECT_SOURCE_DIR}/text/labels_win.cpp)
+add_dependencies(labels_tests test_fonts)
+add_custom_command(TARGET labels_tests POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${TESTS_OUT}/without_fonts
+  COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:labels_tests> ${TESTS_OUT}/without_fonts
+  VERBATIM)
