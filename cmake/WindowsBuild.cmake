@@ -45,9 +45,9 @@ add_custom_command(OUTPUT ${ICON_FILE}
   COMMAND ${IMAGEMAGICK_CONVERT} ${ICON_PNGS} ${ICON_FILE}
   DEPENDS ${ICON_PNGS} VERBATIM)
 configure_file(${PROJECT_SOURCE_DIR}/resources/Puffino.manifest
-               ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.manifest COPYONLY)
+               ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.manifest @ONLY)
 configure_file(${PROJECT_SOURCE_DIR}/resources/Puffino.rc
-               ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.rc COPYONLY)
+               ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.rc @ONLY)
 set(PUFFINO_RC ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.rc)
 set_source_files_properties(${PUFFINO_RC} PROPERTIES OBJECT_DEPENDS
   "${ICON_FILE};${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.manifest")

@@ -36,6 +36,11 @@ puffino_wine_tests(resources_tests
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
 add_dependencies(resources_tests Puffino)
+target_link_libraries(resources_tests PRIVATE version)
+# The version the exe must carry: the project's, the one source of it.
+target_compile_definitions(resources_tests PRIVATE
+  PUFFINO_VERSION="${PROJECT_VERSION}" PUFFINO_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
+  PUFFINO_VERSION_MINOR=${PROJECT_VERSION_MINOR} PUFFINO_VERSION_PATCH=${PROJECT_VERSION_PATCH})
 
 # The settings on real files in the session's prefix.
 file(GLOB SETTINGS_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/settings/*.cpp)

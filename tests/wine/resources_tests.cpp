@@ -1,11 +1,12 @@
 // What Windows reads from Puffino.exe before any of its code runs: the
-// application manifest and the icon group.
+// application manifest, the icon group and the version block.
 #include <gtest/gtest.h>
 
 #include <windows.h>
 
 #include <set>
 #include <string>
+#include <vector>
 
 #include "assets/asset_paths.h"
 
@@ -68,6 +69,49 @@ TEST_F(PuffinoResources, IconGroup101HasTheFourSizes) {
             << "image " << entry.id;
     }
     EXPECT_EQ(sizes, (std::set<int>{32, 64, 128, 256}));
+}
+
+// The version block as Explorer's Details tab reads it: through the
+// version library, in the block's own language and code page.
+TEST(PuffinoVersion, NamesTheProductAndTheBuildsVersion) {
+    const std::wstring path = PuffinoPath();
+    DWORD ignored = 0;
+    std::vector<BYTE> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
+    ASSERT_FALSE(block.empty());
+    ASSERT_TRUE(GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()));
+
+    VS_FIXEDFILEINFO* fixed = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", reinterpret_cast<void**>(&fixed), &length));
+    const DWORD high = MAKELONG(PUFFINO_VERSION_MINOR, PUFFINO_VERSION_MAJOR);
+    const DWORD low = MAKELONG(0, PUFFINO_VERSION_PATCH);
+    EXPECT_EQ(fixed->dwFileVersionMS, high);
+    EXPECT_EQ(fixed->dwFileVersionLS, low);
+    EXPECT_EQ(fixed->dwProductVersionMS, high);
+    EXPECT_EQ(fixed->dwProductVersionLS, low);
+    EXPECT_EQ(fixed->dwFileType, static_cast<DWORD>(VFT_APP));
+
+    struct Translation { WORD language, codePage; }* translation = nullptr;
+    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\VarFileInfo\\Translation",
+                               reinterpret_cast<void**>(&translation), &length));
+    ASSERT_GE(length, sizeof(Translation));
+    wchar_t table[32];
+    swprintf(table, 32, L"\\StringFileInfo\\%04X%04X\\", translation->language, translation->codePage);
+
+    const std::wstring version = L"" PUFFINO_VERSION;
+    const struct { const wchar_t* key; std::wstring value; } expected[] = {
+        {L"ProductName", L"Puffino"},
+        {L"ProductVersion", version},
+        {L"FileVersion", version},
+        {L"OriginalFilename", L"Puffino.exe"},
+    };
+    for (const auto& [key, value] : expected) {
+        wchar_t* text = nullptr;
+        ASSERT_TRUE(VerQueryValueW(block.data(), (table + std::wstring(key)).c_str(),
+                                   reinterpret_cast<void**>(&text), &length))
+            << key;
+        EXPECT_EQ(std::wstring(text), value) << key;
+    }
 }
 
 }  // namespace
