@@ -54,7 +54,9 @@ set_source_files_properties(${PUFFINO_RC} PROPERTIES OBJECT_DEPENDS
 
 add_executable(Puffino WIN32 ${PUFFINO_ENTRY_SOURCE} ${PUFFINO_WIN_SOURCES}
                              ${PUFFINO_PORTABLE_SOURCES} ${PUFFINO_RC})
-target_link_options(Puffino PRIVATE -municode)
+# No link time in the PE header: the same sources give the same bytes, so
+# the release zip of an unchanged tree does not change either.
+target_link_options(Puffino PRIVATE -municode -Wl,--no-insert-timestamp)
 target_link_libraries(Puffino PRIVATE ${PUFFINO_SYSTEM_LIBRARIES})
 add_dependencies(Puffino pose_pictures)
 
@@ -77,3 +79,4 @@ set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(/usr/src/googletest ${CMAKE_CURRENT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 
 include(${PROJECT_SOURCE_DIR}/tests/wine/WineTests.cmake)
+include(${PROJECT_SOURCE_DIR}/cmake/Release.cmake)

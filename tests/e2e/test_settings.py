@@ -46,10 +46,7 @@ class SettingsSession(unittest.TestCase):
         self.addCleanup(self.session.__exit__, None, None, None)
 
     def roaming(self):
-        # Wine names the Windows user after the Unix one.
-        users = [p for p in (self.session.prefix / "drive_c" / "users").iterdir() if p.name != "Public"]
-        self.assertEqual(len(users), 1, users)
-        return users[0] / "AppData" / "Roaming"
+        return self.session.user_folder() / "AppData" / "Roaming"
 
     def app_data(self):
         return self.roaming() / "morvenda" / "Tonkari" / "Puffino"

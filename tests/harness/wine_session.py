@@ -31,10 +31,12 @@ TWO_MONITORS = ("1920x1080+0+0", "1280x1024+1920+0")
 
 def wine_environment(prefix, display=None, heads=()):
     """The environment of every Wine call: private prefix, 64-bit, quiet, no
-    Mono or Gecko install dialogs (they would block forever)."""
+    Mono or Gecko install dialogs (they would block forever), and no menu
+    builder: shortcuts made in the prefix must not become menu entries of
+    this machine's desktop."""
     env = {k: v for k, v in os.environ.items() if not k.startswith(("WINE", "TONKARI_"))}
     env.update(WINEPREFIX=str(prefix), WINEARCH="win64", WINEDEBUG="-all",
-               WINEDLLOVERRIDES="mscoree,mshtml=")
+               WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d")
     if display:
         env["DISPLAY"] = display
     if heads:
@@ -260,6 +262,15 @@ class WineSession:
             for name, target in replacements.items():
                 reg.write(f'"{reg_string(name)}"="{reg_string(target)}"\n')
 
+    def user_folder(self):
+        """The Windows user's profile folder in the prefix (Wine names the
+        user after the Unix one); AppData/Roaming and AppData/Local are in
+        it."""
+        users = [p for p in (self.prefix / "drive_c" / "users").iterdir() if p.name != "Public"]
+        if len(users) != 1:
+            raise RuntimeError(f"expected one user folder in the prefix: {users}")
+        return users[0]
+
     # -- programs ------------------------------------------------------------
 
     def program_env(self, env=None):
@@ -320,14 +331,14 @@ class WineSession:
             return found if len(found) == count and all(w["visible"] for w in found) else None
         return self.wait_for(shown, f"{count} visible Puffino windows", timeout)
 
-    def start_puffino(self, windows, env=None):
-        """Starts Puffino.exe and waits until its start-up is over: that
-        many windows shown and each of them painted. The windows are
-        visible from their creation on, but Puffino paints only once its
-        message loop runs, after it has brought the home window to the
-        foreground and installed the keyboard guard. Returns the process and
-        the windows as the system lists them then."""
-        process = self.launch(PUFFINO_EXE, env=env)
+    def start_puffino(self, windows, env=None, exe=PUFFINO_EXE):
+        """Starts Puffino.exe (the build's, or exe) and waits until its
+        start-up is over: that many windows shown and each of them painted.
+        The windows are visible from their creation on, but Puffino paints
+        only once its message loop runs, after it has brought the home
+        window to the foreground and installed the keyboard guard. Returns
+        the process and the windows as the system lists them then."""
+        process = self.launch(exe, env=env)
         try:
             shown = self.wait_for_windows(windows)
             self.wait_for(lambda: self.painted(shown), "every Puffino window painted")
