@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Puffino on a machine without a display: runs it for a few seconds on
-Xvfb with two monitors (1920x1080 primary, 1280x1024 to its right), saves
-screenshots and prints their paths."""
+Xvfb with two monitors (1920x1080 primary, 1280x1024 to its right), holds
+the penguin down so that it blows bubbles, saves screenshots and prints
+their paths. tools/screenshots.py makes the README's pictures from them."""
 
 import sys
 import time
@@ -11,21 +12,33 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"
 from wine_session import BUILD, TWO_MONITORS, WineSession  # noqa: E402
 
 WM_CLOSE = 0x10
+# The middle of the penguin on the 1920x1080 home monitor: it stands above
+# the finish button in the bottom-right corner.
+ON_PENGUIN = (1742, 820)
+
+
+def play_demo(out):
+    """Plays the demo; returns Puffino's exit code and the screenshots by
+    name: "playing" after a few seconds of rising bubbles, "blowing" while
+    the penguin is held down."""
+    with WineSession("demo", heads=TWO_MONITORS, artifacts=out) as session:
+        process, windows = session.start_puffino(len(TWO_MONITORS))
+        shots = {}
+        time.sleep(3)  # a demo, not a test: let the bubbles rise
+        shots["playing"] = session.screenshot("puffino-playing")
+        session.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
+        time.sleep(1.5)
+        shots["blowing"] = session.screenshot("puffino-blowing")
+        session.xdotool("mouseup", 1)
+        session.post(windows[0]["hwnd"], WM_CLOSE)
+        return session.wait_exit(process), shots
 
 
 def main():
-    out = BUILD / "demo"
-    with WineSession("demo", heads=TWO_MONITORS, artifacts=out) as session:
-        process, windows = session.start_puffino(len(TWO_MONITORS))
-        shots = []
-        for second in (1, 3):
-            time.sleep(1 if second == 1 else 2)  # a demo, not a test: let it play
-            shots.append(session.screenshot(f"puffino-{second}s").png)
-        session.post(windows[0]["hwnd"], WM_CLOSE)
-        code = session.wait_exit(process)
+    code, shots = play_demo(BUILD / "demo")
     print(f"Puffino ran on two monitors and ended with exit code {code}. Screenshots:")
-    for shot in shots:
-        print(f"  {shot}")
+    for shot in shots.values():
+        print(f"  {shot.png}")
     return code
 
 
