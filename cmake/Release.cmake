@@ -48,15 +48,27 @@ add_custom_command(OUTPUT ${RELEASE_ZIP}
           ${CMAKE_CURRENT_BINARY_DIR}/release/README.txt ${RELEASE_SOURCES}/make_release.py
   COMMENT "Release folder and ${RELEASE_NAME}.zip" VERBATIM)
 
+# The installer's welcome and finish pages show the standing penguin on a
+# pale sky (164 x 314, the size those pages give their picture).
+set(INSTALLER_PICTURE ${CMAKE_CURRENT_BINARY_DIR}/release/installer-side.bmp)
+add_custom_command(OUTPUT ${INSTALLER_PICTURE}
+  COMMAND ${RSVG_CONVERT} -w 132 -o ${CMAKE_CURRENT_BINARY_DIR}/release/installer-penguin.png
+          ${PENGUIN_ART}/idle.svg
+  COMMAND ${IMAGEMAGICK_CONVERT} -size 164x314 "gradient:#A8D8F8-#E8F4FC"
+          ${CMAKE_CURRENT_BINARY_DIR}/release/installer-penguin.png
+          -gravity center -composite -alpha off BMP3:${INSTALLER_PICTURE}
+  DEPENDS ${PENGUIN_ART}/idle.svg ${PENGUIN_ART}/parts.svg VERBATIM)
+
 add_custom_command(OUTPUT ${RELEASE_INSTALLER}
   COMMAND ${MAKENSIS} -V2 -INPUTCHARSET UTF8
           -DVERSION=${PROJECT_VERSION}
           -DVERSION_QUAD=${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}.${PROJECT_VERSION_PATCH}.0
-          -DDIST=${RELEASE_FOLDER} -DICON=${ICON_FILE} -DOUTFILE=${RELEASE_INSTALLER}
+          -DDIST=${RELEASE_FOLDER} -DICON=${ICON_FILE} -DPICTURE=${INSTALLER_PICTURE}
+          -DOUTFILE=${RELEASE_INSTALLER}
           -DPUBLISHER=${PUFFINO_PUBLISHER} -DCOPYRIGHT=${PUFFINO_COPYRIGHT}
           -DDESCRIPTION=${PUFFINO_DESCRIPTION}
           ${RELEASE_SOURCES}/installer.nsi
-  DEPENDS ${RELEASE_ZIP} ${ICON_FILE} ${RELEASE_SOURCES}/installer.nsi
+  DEPENDS ${RELEASE_ZIP} ${ICON_FILE} ${INSTALLER_PICTURE} ${RELEASE_SOURCES}/installer.nsi
   COMMENT "Installer ${RELEASE_NAME}-setup.exe" VERBATIM)
 
 add_custom_target(release ALL DEPENDS ${RELEASE_ZIP} ${RELEASE_INSTALLER})

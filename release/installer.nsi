@@ -9,6 +9,7 @@
 ;   VERSION_QUAD  the same with four numbers, e.g. 0.1.0.0
 ;   DIST          the release folder (Puffino.exe, assets, Fonts, texts)
 ;   ICON          Puffino.ico
+;   PICTURE       the welcome and finish pages' picture (164 x 314 BMP)
 ;   PUBLISHER, COPYRIGHT, DESCRIPTION
 ;   OUTFILE       the installer to write
 
@@ -43,6 +44,7 @@ VIAddVersionKey /LANG=1033 "LegalCopyright" "${COPYRIGHT}"
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${PICTURE}"
 !define MUI_FINISHPAGE_RUN "$INSTDIR\Puffino.exe"
 ; Puffino covers every screen at once: a parent starts it when the child is
 ; ready, not as a side effect of setup.

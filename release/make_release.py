@@ -4,8 +4,9 @@
   make_release.py --folder DIST/Puffino --zip DIST/Puffino-V-win64.zip SOURCE=NAME...
 
 Each SOURCE file is copied to NAME inside the folder (NAME with forward
-slashes, e.g. assets/penguin/idle.png); text files get Windows line ends, so
-that Notepad on any Windows shows them right. The folder is emptied first, so
+slashes, e.g. assets/penguin/idle.png); text files get Windows line ends, and
+a UTF-8 byte-order mark when they are not plain ASCII, so that Notepad on any
+Windows shows them right. The folder is emptied first, so
 nothing of an earlier release stays behind.
 
 The zip holds the folder under its own name, so unpacking it anywhere gives
@@ -25,10 +26,14 @@ ENTRY_TIME = (2026, 1, 1, 0, 0, 0)
 FILE_ATTRIBUTES = 0x20    # FILE_ATTRIBUTE_ARCHIVE, as Windows' own zips have
 FOLDER_ATTRIBUTES = 0x10  # FILE_ATTRIBUTE_DIRECTORY
 TEXT_SUFFIXES = {".txt"}
+UTF8_BOM = b"\xef\xbb\xbf"
 
 
-def windows_line_ends(data):
-    return data.replace(b"\r\n", b"\n").replace(b"\n", b"\r\n")
+def windows_text(data):
+    data = data.replace(b"\r\n", b"\n").replace(b"\n", b"\r\n")
+    if not data.isascii() and not data.startswith(UTF8_BOM):
+        data = UTF8_BOM + data  # older Notepads read UTF-8 without it as ANSI
+    return data
 
 
 def assemble(files, folder):
@@ -40,7 +45,7 @@ def assemble(files, folder):
         target.parent.mkdir(parents=True, exist_ok=True)
         data = Path(source).read_bytes()
         if target.suffix.lower() in TEXT_SUFFIXES:
-            data = windows_line_ends(data)
+            data = windows_text(data)
         target.write_bytes(data)
 
 

@@ -130,6 +130,7 @@ class UnpackedZip(ReleaseTest):
         for name in ("README.txt", "LICENSE.txt", "Fonts/OFL.txt"):
             text = (self.folder / name).read_bytes()
             self.assertEqual(text.count(b"\n"), text.count(b"\r\n"), f"{name}: Windows line ends")
+            self.assertTrue(text.isascii() or text.startswith(b"\xef\xbb\xbf"), f"{name}: marked UTF-8")
         self.assertIn(f"Puffino {VERSION}", (self.folder / "README.txt").read_text("utf-8"))
         self.play_and_close(self.folder / "Puffino.exe")
 
