@@ -24,6 +24,12 @@ inline int32_t Width(const Rect& r) { return r.right - r.left; }
 inline int32_t Height(const Rect& r) { return r.bottom - r.top; }
 inline bool IsEmpty(const Rect& r) { return r.right <= r.left || r.bottom <= r.top; }
 
+// Whether two rectangles share at least one pixel; an empty rectangle meets
+// nothing.
+inline bool Meets(const Rect& a, const Rect& b) {
+    return a.left < b.right && a.right > b.left && a.top < b.bottom && a.bottom > b.top;
+}
+
 inline Rect Offset(const Rect& r, int32_t dx, int32_t dy) {
     return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
 }

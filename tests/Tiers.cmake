@@ -57,6 +57,7 @@ puffino_wine_test(shell.left_of_primary HEADS ${LEFT_OF_PRIMARY}
 puffino_wine_test(shell.dpi_144 HEADS 1920x1080+0+0 DPI 144
   COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=HighDpi.*)
 puffino_wine_test(scenery COMMAND ${WINE_TEST_PROGRAMS}/scenery_tests.exe)
+puffino_wine_test(compose COMMAND ${WINE_TEST_PROGRAMS}/compose_tests.exe)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
 puffino_wine_test(penguin_images COMMAND ${WINE_TEST_PROGRAMS}/penguin_images_tests.exe)
 puffino_wine_test(penguin_sprite COMMAND ${WINE_TEST_PROGRAMS}/penguin_sprite_tests.exe)

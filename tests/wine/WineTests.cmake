@@ -123,3 +123,18 @@ add_custom_command(TARGET labels_tests POST_BUILD
   COMMAND ${CMAKE_COMMAND} -E make_directory ${TESTS_OUT}/without_fonts
   COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:labels_tests> ${TESTS_OUT}/without_fonts
   VERBATIM)
+
+# The frame composition over the real landscapes and bubble drawing, with
+# recording stand-ins for the penguin and the labels.
+puffino_wine_tests(compose_tests
+  ${CMAKE_CURRENT_LIST_DIR}/compose_tests.cpp
+  ${SCENERY_SOURCES}
+  ${PROJECT_SOURCE_DIR}/render/compose_frame_win.cpp
+  ${PROJECT_SOURCE_DIR}/render/frame_buffers_win.cpp
+  ${PROJECT_SOURCE_DIR}/render/bubble_drawing_win.cpp
+  ${PROJECT_SOURCE_DIR}/render/bubble_look.cpp
+  ${PROJECT_SOURCE_DIR}/render/frame_layers.cpp
+  ${PROJECT_SOURCE_DIR}/play/screen_areas.cpp
+  ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
+  ${PROJECT_SOURCE_DIR}/app/shell.cpp
+  ${PROJECT_SOURCE_DIR}/settings/language.cpp)
