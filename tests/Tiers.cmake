@@ -106,3 +106,6 @@ add_test(NAME e2e.screenshots
          COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/screenshots.py ${CMAKE_BINARY_DIR}/screenshots)
 set_tests_properties(e2e.screenshots PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2e
                      ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+# The scene as a person sees it, and the best score a pop leaves on disk.
+puffino_e2e_test(scene.two_monitors test_scene.TwoMonitors)
+puffino_e2e_test(scene.best_score test_scene.BestScore)

@@ -1,0 +1,240 @@
+"""What a person sees of the scene in the real Puffino.exe on two monitors:
+a landscape on each, soap bubbles rising on both and nothing else moving, a
+click that bursts a bubble into a ring and droplets, and the best score that
+pop leaves on disk. Bubbles are found by their pixels: whatever differs from
+the landscape each monitor ought to show."""
+
+import math
+import time
+import unittest
+
+import numpy
+
+from scene_sight import BUBBLE_SPAN, SceneSight, save_png
+from wine_session import TWO_MONITORS, WineSession
+
+HOME = (0, 0, 1920, 1080)  # the primary monitor, where Puffino starts
+OTHER = (1920, 0, 3200, 1024)
+# The penguin, its hint, the buttons and the labels of the home monitor are
+# no bubbles; every look leaves them out.
+HOME_LABELS = ((0, 0, 1920, 200), (1000, 560, 1920, 1080), (0, 950, 130, 1080))
+POP_SOUND_RATE = 44100
+WM_CLOSE = 0x10
+
+
+def distance(a, b):
+    return math.dist(a.centre, b.centre)
+
+
+def same_bubble_later(earlier, later, seconds):
+    """Whether later can be earlier risen for that many seconds: the same
+    size, higher up by no more than a normal bubble rises, a little aside."""
+    dx, dy = later.centre[0] - earlier.centre[0], later.centre[1] - earlier.centre[1]
+    return abs(later.width - earlier.width) <= 4 and -110 * seconds < dy < 0 and abs(dx) < 60 * seconds + 4
+
+
+class SceneSession:
+    """Puffino on two monitors in a session of its own, with the landscapes
+    it shows learnt from the gallery."""
+
+    def __init__(self, label, cleanups):
+        self.session = WineSession(label, heads=TWO_MONITORS, sound_capture=True).__enter__()
+        self.cleanups = cleanups
+        cleanups(self.session.__exit__, None, None, None)
+
+    def start(self):
+        self.process, self.windows = self.session.start_puffino(2)
+        self.sight = SceneSight(self.session, [HOME, OTHER], HOME_LABELS)
+        self.cleanups(self.sight.close)
+        self.themes = self.sight.learn_landscapes(self.sight.grab()[1])
+
+    def close(self):
+        """Ends play as a parent would; the exit code."""
+        self.session.post(self.windows[0]["hwnd"], WM_CLOSE)
+        return self.session.wait_exit(self.process)
+
+    def save(self, frame, name):
+        save_png(frame, self.session.artifacts / f"{name}.png")
+
+    def pops_heard(self):
+        return len([s for s in self.session.sound_streams() if s["rate"] == POP_SOUND_RATE])
+
+    # -- popping a bubble as a child would -----------------------------------
+
+    def track_a_bubble(self):
+        """A whole bubble on the other monitor, far from every other bubble
+        and from the edges, and its speed in pixels per second from two
+        grabs; None when there is none yet."""
+        ta, a = self.sight.grab()
+        time.sleep(0.3)
+        tb, b = self.sight.grab()
+        earlier = [x for x in self.sight.blobs(a, OTHER, join=3) if x.one_bubble()]
+        now = self.sight.blobs(b, OTHER, join=3)
+        # Small ones first: their burst reaches well beyond where they were.
+        for blob in sorted(now, key=lambda x: x.width):
+            if not (blob.one_bubble() and blob.left > 1960 and blob.right < 3160 and blob.top > 150
+                    and blob.bottom < 830):
+                continue
+            if any(other is not blob and distance(other, blob) < 220 for other in now):
+                continue
+            matches = [x for x in earlier if same_bubble_later(x, blob, tb - ta)]
+            if len(matches) == 1:
+                velocity = [(n - o) / (tb - ta) for n, o in zip(blob.centre, matches[0].centre)]
+                return blob, tb, velocity
+        return None
+
+    def aim_and_click(self, blob, seen, velocity):
+        """Finds the tracked bubble again in a fresh grab close to where it
+        should be by now, and clicks where it will be when the click lands."""
+        te, frame = self.sight.grab()
+        x, y = (c + v * (te - seen) for c, v in zip(blob.centre, velocity))
+        near = [c for c in self.sight.blobs(frame, (int(x) - 100, int(y) - 100, int(x) + 100, int(y) + 100), 3)
+                if c.one_bubble() and abs(c.width - blob.width) <= 4]
+        if not near:
+            return None
+        found = min(near, key=lambda c: math.dist(c.centre, (x, y)))
+        lag = time.monotonic() - te + 0.03  # xdotool's own start
+        point = [round(c + v * lag) for c, v in zip(found.centre, velocity)]
+        self.session.xdotool("mousemove", *point, "click", 1)
+        return point, found
+
+    def pop_a_bubble(self):
+        """Clicks bubbles until one pops, heard as a pop sound (a click that
+        missed a moving bubble changes nothing); returns the click point and
+        the bubble as it was last seen."""
+        for _ in range(8):
+            tracked = self.track_a_bubble()
+            if not tracked:
+                time.sleep(0.5)
+                continue
+            heard = self.pops_heard()
+            aimed = self.aim_and_click(*tracked)
+            if not aimed:
+                continue
+            try:
+                self.session.wait_for(lambda: self.pops_heard() > heard, "a pop sound", timeout=5)
+            except AssertionError:
+                continue
+            return aimed
+        raise AssertionError("no bubble could be popped")
+
+    def burst_where(self, point, bubble):
+        """The grab showing the burst of the bubble popped at the point: three
+        droplets or more flying apart around it, and no bubble of its size
+        rising on above it."""
+        x, y = point
+        _, frame = self.sight.grab()
+        droplets = [b for b in self.sight.blobs(frame, (x - 110, y - 140, x + 110, y + 110))
+                    if b.width <= 16 and b.height <= 16]
+        risen = [b for b in self.sight.blobs(frame, (x - 80, y - 220, x + 80, y + 60), 3)
+                 if b.one_bubble() and abs(b.width - bubble.width) <= 4]
+        return [frame] if len(droplets) >= 3 and not risen else None
+
+
+class TwoMonitors(unittest.TestCase):
+    """One run of Puffino for every look."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.scene = SceneSession(cls.__name__, cls.addClassCleanup)
+        cls.scene.start()
+        cls.sight = cls.scene.sight
+
+    @classmethod
+    def tearDownClass(cls):
+        assert cls.scene.close() == 0
+
+    def bubbles_on(self, frame, monitor):
+        return [b for b in self.sight.blobs(frame, monitor, join=3) if b.one_bubble()]
+
+    def test_landscapes_with_bubbles_rising_on_both_monitors(self):
+        def bubbles_on_both():
+            taken, frame = self.sight.grab()
+            return (taken, frame) if all(self.bubbles_on(frame, m) for m in (HOME, OTHER)) else None
+        ta, a = self.scene.session.wait_for(bubbles_on_both, "a bubble on each monitor")
+        time.sleep(0.8)
+        tb, b = self.sight.grab()
+        self.scene.save(a, "rising-1")
+        self.scene.save(b, "rising-2")
+        for monitor in (HOME, OTHER):
+            later = self.bubbles_on(b, monitor)
+            self.assertTrue(any(same_bubble_later(x, y, tb - ta) for x in self.bubbles_on(a, monitor) for y in later),
+                            f"a bubble risen on the monitor at {monitor[0]}")
+
+    def test_a_second_apart_only_the_bubbles_have_moved(self):
+        time.sleep(5)  # bubbles all over the lower half, any trail a long one
+        ta, a = self.sight.grab()
+        time.sleep(max(0.0, 1.0 - (time.monotonic() - ta)))
+        tb, b = self.sight.grab()
+        self.scene.save(a, "second-1")
+        self.scene.save(b, "second-2")
+        allowed = numpy.zeros(a.shape[:2], bool)
+        for frame in (a, b):
+            # A repaint that failed to bring the landscape back would show
+            # its clear colour in whole rectangles.
+            self.assertLess(self.sight.pale_blue(frame), 20)
+            for blob in self.sight.blobs(frame, join=3):
+                allowed[blob.top - 4:blob.bottom + 4, blob.left - 4:blob.right + 4] = True
+                if self.cut_off(blob):
+                    continue
+                # Bubbles, or a few overlapping: never the long streak a
+                # bubble would leave behind it.
+                self.assertTrue(blob.height <= 2.5 * blob.width + 8
+                                and max(blob.width, blob.height) <= 3 * BUBBLE_SPAN[1], blob)
+                # Every bubble rises: what stays put is something left behind.
+                if frame is a:
+                    box = numpy.s_[blob.top:blob.bottom, blob.left:blob.right]
+                    self.assertFalse((a[box] == b[box]).all(), f"{blob} stayed put")
+        moved = (a != b).any(axis=2) & self.sight.seen
+        self.assertGreater(moved.sum(), 1000, "the bubbles moved")
+        stray = moved & ~allowed
+        self.assertEqual(stray.sum(), 0, "nothing but bubbles changed")
+
+    def cut_off(self, blob):
+        """Whether the blob meets a monitor's lower edge or a part left out
+        of the look, so that its shape is not all there."""
+        return (blob.bottom >= OTHER[3] - 2 and blob.left >= OTHER[0]) or blob.bottom >= HOME[3] - 2 or any(
+            blob.left < r + 2 and blob.right > l - 2 and blob.top < b + 2 and blob.bottom > t - 2
+            for l, t, r, b in HOME_LABELS)
+
+    def test_a_click_on_a_bubble_bursts_it(self):
+        point, bubble = self.scene.pop_a_bubble()
+        burst = self.scene.session.wait_for(lambda: self.scene.burst_where(point, bubble),
+                                            "the burst where the bubble was", timeout=15)
+        x, y = point
+        self.scene.save(burst[0][y - 150:y + 150, x - 150:x + 150], "burst")
+        # The burst fades away and leaves the landscape as it was.
+        self.scene.session.wait_for(lambda: not self.sight.differing(self.sight.grab()[1],
+                                                                     (x - 60, y - 60, x + 60, y + 60)).any(),
+                                    "the landscape back where the bubble burst", timeout=15)
+
+
+class BestScore(unittest.TestCase):
+    """The best score file as a pop leaves it: the file is read at start-up
+    and written on every pop that raises the best."""
+
+    def setUp(self):
+        self.scene = SceneSession(f"{type(self).__name__}-{self._testMethodName}", self.addCleanup)
+        users = [p for p in (self.scene.session.prefix / "drive_c" / "users").iterdir() if p.name != "Public"]
+        self.file = users[0] / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino" / "high_score.txt"
+
+    def test_the_first_pop_ever_writes_one(self):
+        self.scene.start()
+        self.assertFalse(self.file.exists())
+        self.scene.pop_a_bubble()
+        self.assertEqual(self.scene.close(), 0)
+        self.assertEqual(self.file.read_bytes(), b"1\r\n")
+
+    def test_a_best_of_42_with_trailing_words_outlives_a_pop(self):
+        self.file.parent.mkdir(parents=True)
+        self.file.write_bytes(b"  42 trailing words")
+        written = self.file.stat().st_mtime_ns
+        self.scene.start()
+        self.scene.pop_a_bubble()  # score 1: read as 42, the best is not raised
+        self.assertEqual(self.scene.close(), 0)
+        self.assertEqual(self.file.read_bytes(), b"  42 trailing words")
+        self.assertEqual(self.file.stat().st_mtime_ns, written)
+
+
+if __name__ == "__main__":
+    unittest.main()
