@@ -191,11 +191,13 @@ class TwoMonitors(unittest.TestCase):
         self.assertEqual(stray.sum(), 0, "nothing but bubbles changed")
 
     def cut_off(self, blob):
-        """Whether the blob meets a monitor's lower edge or a part left out
-        of the look, so that its shape is not all there."""
-        return (blob.bottom >= OTHER[3] - 2 and blob.left >= OTHER[0]) or blob.bottom >= HOME[3] - 2 or any(
-            blob.left < r + 2 and blob.right > l - 2 and blob.top < b + 2 and blob.bottom > t - 2
-            for l, t, r, b in HOME_LABELS)
+        """Whether the blob meets an outer edge of the screen, the lower edge
+        of either monitor or a part left out of the look, so that its shape
+        is not all there (bubbles drift past the sides unhindered)."""
+        return (blob.left <= 2 or blob.right >= OTHER[2] - 2 or blob.top <= 2 or blob.bottom >= HOME[3] - 2
+                or (blob.right > OTHER[0] and blob.bottom >= OTHER[3] - 2)
+                or any(blob.left < r + 2 and blob.right > l - 2 and blob.top < b + 2 and blob.bottom > t - 2
+                       for l, t, r, b in HOME_LABELS))
 
     def test_a_click_on_a_bubble_bursts_it(self):
         point, bubble = self.scene.pop_a_bubble()

@@ -15,16 +15,7 @@ namespace {
 constexpr float kHalfPi = std::numbers::pi_v<float> / 2;
 
 Bubble MakeBubble(float x, float y, float radius, Tint tint, bool gold, float phase = 0) {
-    Bubble b;
-    b.x = x;
-    b.y = y;
-    b.radius = radius;
-    b.phase = phase;
-    b.red = tint.red;
-    b.green = tint.green;
-    b.blue = tint.blue;
-    b.gold = gold;
-    return b;
+    return {x, y, radius, 0, phase, 0, 0, tint.red, tint.green, tint.blue, gold};
 }
 
 // An ellipse as its top-left corner, width (always a circle) and paint.

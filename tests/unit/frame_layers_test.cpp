@@ -1,5 +1,5 @@
 // What the frame hands to the home window's drawers: the button faces and
-// when and where the instruction pill shows.
+// when the instruction pill shows.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -64,15 +64,6 @@ TEST(FrameLayers, InstructionPillShowsUntilTheTenthPoint) {
         g_playField.homeRect = c.home;
         EXPECT_EQ(InstructionPillShows(), c.shows) << c.score << " " << c.english << " " << c.emptyText;
     }
-}
-
-TEST(FrameLayers, InstructionPillSitsInFromTheHomeCornerUnrounded) {
-    ResetWorld();
-    g_dpiScale = 1.25f;
-    g_playField.homeRect = {1920, -100, 3200, 924};
-    const PointF origin = InstructionPillOrigin();
-    EXPECT_FLOAT_EQ(origin.x, 1952.5f);
-    EXPECT_FLOAT_EQ(origin.y, -67.5f);
 }
 
 }  // namespace

@@ -25,6 +25,7 @@
 #include "settings/language.h"
 #include "tests/printers.h"
 #include "text/labels_win.h"
+#include "tests/wine/gdiplus_session_win.h"
 
 PlayField g_playField;
 
@@ -91,17 +92,6 @@ void DrawHintBalloon(Gdiplus::Graphics& graphics) { Record(graphics, L"hint"); }
 
 namespace {
 
-class GdiplusSession : public ::testing::Environment {
-public:
-    void SetUp() override {
-        Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&token, &input, nullptr);
-    }
-    void TearDown() override { Gdiplus::GdiplusShutdown(token); }
-
-private:
-    ULONG_PTR token = 0;
-};
 const auto* const g_gdiplus = ::testing::AddGlobalTestEnvironment(new GdiplusSession);
 
 // A display window with both buffers as 32-bit DIB sections, so that the

@@ -8,20 +8,10 @@
 
 #include "render/frame_buffers.h"  // the scenery's clear colour
 #include "render/scenery_win.h"
+#include "tests/wine/gdiplus_session_win.h"
 
 namespace {
 
-class GdiplusSession : public ::testing::Environment {
-public:
-    void SetUp() override {
-        Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&token, &input, nullptr);
-    }
-    void TearDown() override { Gdiplus::GdiplusShutdown(token); }
-
-private:
-    ULONG_PTR token = 0;
-};
 const auto* const g_gdiplus = ::testing::AddGlobalTestEnvironment(new GdiplusSession);
 
 // Paints the theme into an off-screen bitmap over the scenery's clear
