@@ -174,7 +174,7 @@ class TwoMonitors(unittest.TestCase):
             # its clear colour in whole rectangles.
             self.assertLess(self.sight.pale_blue(frame), 20)
             for blob in self.sight.blobs(frame, join=3):
-                allowed[blob.top - 4:blob.bottom + 4, blob.left - 4:blob.right + 4] = True
+                allowed[max(blob.top - 4, 0):blob.bottom + 4, max(blob.left - 4, 0):blob.right + 4] = True
                 if self.cut_off(blob):
                     continue
                 # Bubbles, or a few overlapping: never the long streak a
