@@ -61,61 +61,39 @@ class SceneSession:
 
     # -- popping a bubble as a child would -----------------------------------
 
-    def track_a_bubble(self):
-        """A whole bubble on the other monitor, far from every other bubble
-        and from the edges, and its speed in pixels per second from two
-        grabs; None when there is none yet."""
-        ta, a = self.sight.grab()
-        time.sleep(0.3)
-        tb, b = self.sight.grab()
-        earlier = [x for x in self.sight.blobs(a, OTHER, join=3) if x.one_bubble()]
-        now = self.sight.blobs(b, OTHER, join=3)
-        # Small ones first: their burst reaches well beyond where they were.
-        for blob in sorted(now, key=lambda x: x.width):
+    def isolated_bubble(self, frame):
+        """A whole bubble on the other monitor, away from its edges and from
+        every other bubble (so that its burst is its own); small ones first,
+        as their burst reaches well beyond where they were. None if none."""
+        found = self.sight.blobs(frame, OTHER, join=3)
+        for blob in sorted(found, key=lambda x: x.width):
             if not (blob.one_bubble() and blob.left > 1960 and blob.right < 3160 and blob.top > 150
                     and blob.bottom < 830):
                 continue
-            if any(other is not blob and distance(other, blob) < 220 for other in now):
-                continue
-            matches = [x for x in earlier if same_bubble_later(x, blob, tb - ta)]
-            if len(matches) == 1:
-                velocity = [(n - o) / (tb - ta) for n, o in zip(blob.centre, matches[0].centre)]
-                return blob, tb, velocity
+            if all(other is blob or distance(other, blob) >= 150 for other in found):
+                return blob
         return None
 
-    def aim_and_click(self, blob, seen, velocity):
-        """Finds the tracked bubble again in a fresh grab close to where it
-        should be by now, and clicks where it will be when the click lands."""
-        te, frame = self.sight.grab()
-        x, y = (c + v * (te - seen) for c, v in zip(blob.centre, velocity))
-        near = [c for c in self.sight.blobs(frame, (int(x) - 100, int(y) - 100, int(x) + 100, int(y) + 100), 3)
-                if c.one_bubble() and abs(c.width - blob.width) <= 4]
-        if not near:
-            return None
-        found = min(near, key=lambda c: math.dist(c.centre, (x, y)))
-        lag = time.monotonic() - te + 0.03  # xdotool's own start
-        point = [round(c + v * lag) for c, v in zip(found.centre, velocity)]
-        self.session.xdotool("mousemove", *point, "click", 1)
-        return point, found
-
     def pop_a_bubble(self):
-        """Clicks bubbles until one pops, heard as a pop sound (a click that
-        missed a moving bubble changes nothing); returns the click point and
-        the bubble as it was last seen."""
-        for _ in range(8):
-            tracked = self.track_a_bubble()
-            if not tracked:
-                time.sleep(0.5)
-                continue
+        """Clicks the middle of a bubble while Puffino stands still, so that
+        the bubble cannot rise away from the aim, and waits for the pop
+        sound; returns the click point and the bubble as it was clicked."""
+        for _ in range(16):
             heard = self.pops_heard()
-            aimed = self.aim_and_click(*tracked)
-            if not aimed:
+            with self.session.frozen(self.process):
+                _, frame = self.sight.grab()
+                bubble = self.isolated_bubble(frame)
+                if bubble:
+                    point = [round(c) for c in bubble.centre]
+                    self.session.xdotool("mousemove", *point, "click", 1)
+            if not bubble:
+                time.sleep(0.5)  # wait for bubbles to rise into view
                 continue
             try:
                 self.session.wait_for(lambda: self.pops_heard() > heard, "a pop sound", timeout=5)
             except AssertionError:
                 continue
-            return aimed
+            return point, bubble
         raise AssertionError("no bubble could be popped")
 
     def burst_where(self, point, bubble):

@@ -5,9 +5,11 @@ persistent wineserver. Tests see Puffino only through this module: window
 lists from the probe program, screenshots with pixel probes, xdotool input,
 files in the prefix and exit codes."""
 
+import contextlib
 import json
 import os
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
@@ -356,6 +358,18 @@ class WineSession:
         top = min(w["rect"][1] for w in windows)
         return all(shot.pixel(w["rect"][0] - left + 10, w["rect"][1] - top + 5) != (0, 0, 0)
                    for w in windows)
+
+    @contextlib.contextmanager
+    def frozen(self, process):
+        """Holds a program still (SIGSTOP): no frame tick moves anything and
+        the screen keeps its last painted frame. Input sent meanwhile waits
+        in the X server; once the program goes on it handles that input
+        before its next timer tick (timer messages come after input)."""
+        os.kill(process.pid, signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            os.kill(process.pid, signal.SIGCONT)
 
     def wait_exit(self, process, timeout=30):
         try:
