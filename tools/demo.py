@@ -15,13 +15,17 @@ WM_CLOSE = 0x10
 # The middle of the penguin on the 1920x1080 home monitor: it stands above
 # the finish button in the bottom-right corner.
 ON_PENGUIN = (1742, 820)
+# Windows draws the button symbols with Segoe UI Symbol; a Wine prefix has no
+# such face, and DejaVu Sans carries the same two symbols.
+SYMBOL_FACE = {"Segoe UI Symbol": "DejaVu Sans"}
 
 
 def play_demo(out):
     """Plays the demo; returns Puffino's exit code and the screenshots by
     name: "playing" after a few seconds of rising bubbles, "blowing" while
     the penguin is held down."""
-    with WineSession("demo", heads=TWO_MONITORS, artifacts=out) as session:
+    with WineSession("demo", heads=TWO_MONITORS, artifacts=out,
+                     font_replacements=SYMBOL_FACE) as session:
         process, windows = session.start_puffino(len(TWO_MONITORS))
         shots = {}
         time.sleep(3)  # a demo, not a test: let the bubbles rise
