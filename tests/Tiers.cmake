@@ -88,6 +88,7 @@ puffino_e2e_test(settings.guarded_run test_settings.GuardedRun)
 
 # The pose pictures.
 puffino_e2e_test(penguin.damaged_art test_penguin_art.DamagedArt)
+puffino_e2e_test(penguin.on_screen test_penguin.Penguin)
 
 # The play field.
 puffino_e2e_test(play.penguin_and_buttons test_play.PenguinAndButtons)
@@ -106,3 +107,6 @@ set_tests_properties(e2e.screenshots PROPERTIES FIXTURES_REQUIRED wine_prefix LA
 # The scene as a person sees it, and the best score a pop leaves on disk.
 puffino_e2e_test(scene.two_monitors test_scene.TwoMonitors)
 puffino_e2e_test(scene.best_score test_scene.BestScore)
+# Every word on the home monitor at 96 and 144 DPI.
+puffino_e2e_test(labels.at_96_dpi test_labels.Labels.test_labels_then_ten_points_bring_praise_and_the_sound_button_flips)
+puffino_e2e_test(labels.at_144_dpi test_labels.Labels.test_at_144_dpi_every_label_is_written_half_again_as_large)

@@ -4,26 +4,13 @@ click that bursts a bubble into a ring and droplets, and the best score that
 pop leaves on disk. Bubbles are found by their pixels: whatever differs from
 the landscape each monitor ought to show."""
 
-import math
 import time
 import unittest
 
 import numpy
 
-from scene_sight import BUBBLE_SPAN, SceneSight, save_png
-from wine_session import TWO_MONITORS, WineSession
-
-HOME = (0, 0, 1920, 1080)  # the primary monitor, where Puffino starts
-OTHER = (1920, 0, 3200, 1024)
-# The penguin, its hint, the buttons and the labels of the home monitor are
-# no bubbles; every look leaves them out.
-HOME_LABELS = ((0, 0, 1920, 200), (1000, 560, 1920, 1080), (0, 950, 130, 1080))
-POP_SOUND_RATE = 44100
-WM_CLOSE = 0x10
-
-
-def distance(a, b):
-    return math.dist(a.centre, b.centre)
+from scene_session import HOME, HOME_LABELS, OTHER, SceneSession
+from scene_sight import BUBBLE_SPAN
 
 
 def same_bubble_later(earlier, later, seconds):
@@ -31,82 +18,6 @@ def same_bubble_later(earlier, later, seconds):
     size, higher up by no more than a normal bubble rises, a little aside."""
     dx, dy = later.centre[0] - earlier.centre[0], later.centre[1] - earlier.centre[1]
     return abs(later.width - earlier.width) <= 4 and -110 * seconds < dy < 0 and abs(dx) < 60 * seconds + 4
-
-
-class SceneSession:
-    """Puffino on two monitors in a session of its own, with the landscapes
-    it shows learnt from the gallery."""
-
-    def __init__(self, label, cleanups):
-        self.session = WineSession(label, heads=TWO_MONITORS, sound_capture=True).__enter__()
-        self.cleanups = cleanups
-        cleanups(self.session.__exit__, None, None, None)
-
-    def start(self):
-        self.process, self.windows = self.session.start_puffino(2)
-        self.sight = SceneSight(self.session, [HOME, OTHER], HOME_LABELS)
-        self.cleanups(self.sight.close)
-        self.themes = self.sight.learn_landscapes(self.sight.grab()[1])
-
-    def close(self):
-        """Ends play as a parent would; the exit code."""
-        self.session.post(self.windows[0]["hwnd"], WM_CLOSE)
-        return self.session.wait_exit(self.process)
-
-    def save(self, frame, name):
-        save_png(frame, self.session.artifacts / f"{name}.png")
-
-    def pops_heard(self):
-        return len([s for s in self.session.sound_streams() if s["rate"] == POP_SOUND_RATE])
-
-    # -- popping a bubble as a child would -----------------------------------
-
-    def isolated_bubble(self, frame):
-        """A whole bubble on the other monitor, away from its edges and from
-        every other bubble (so that its burst is its own); small ones first,
-        as their burst reaches well beyond where they were. None if none."""
-        found = self.sight.blobs(frame, OTHER, join=3)
-        for blob in sorted(found, key=lambda x: x.width):
-            if not (blob.one_bubble() and blob.left > 1960 and blob.right < 3160 and blob.top > 150
-                    and blob.bottom < 830):
-                continue
-            if all(other is blob or distance(other, blob) >= 150 for other in found):
-                return blob
-        return None
-
-    def pop_a_bubble(self):
-        """Clicks the middle of a bubble while Puffino stands still, so that
-        the bubble cannot rise away from the aim, and waits for the pop
-        sound; returns the click point and the bubble as it was clicked."""
-        for _ in range(16):
-            heard = self.pops_heard()
-            with self.session.frozen(self.process):
-                _, frame = self.sight.grab()
-                bubble = self.isolated_bubble(frame)
-                if bubble:
-                    point = [round(c) for c in bubble.centre]
-                    self.session.xdotool("mousemove", *point, "click", 1)
-            if not bubble:
-                time.sleep(0.5)  # wait for bubbles to rise into view
-                continue
-            try:
-                self.session.wait_for(lambda: self.pops_heard() > heard, "a pop sound", timeout=5)
-            except AssertionError:
-                continue
-            return point, bubble
-        raise AssertionError("no bubble could be popped")
-
-    def burst_where(self, point, bubble):
-        """The grab showing the burst of the bubble popped at the point: three
-        droplets or more flying apart around it, and no bubble of its size
-        rising on above it."""
-        x, y = point
-        _, frame = self.sight.grab()
-        droplets = [b for b in self.sight.blobs(frame, (x - 110, y - 140, x + 110, y + 110))
-                    if b.width <= 16 and b.height <= 16]
-        risen = [b for b in self.sight.blobs(frame, (x - 80, y - 220, x + 80, y + 60), 3)
-                 if b.one_bubble() and abs(b.width - bubble.width) <= 4]
-        return [frame] if len(droplets) >= 3 and not risen else None
 
 
 class TwoMonitors(unittest.TestCase):
@@ -195,8 +106,7 @@ class BestScore(unittest.TestCase):
 
     def setUp(self):
         self.scene = SceneSession(f"{type(self).__name__}-{self._testMethodName}", self.addCleanup)
-        users = [p for p in (self.scene.session.prefix / "drive_c" / "users").iterdir() if p.name != "Public"]
-        self.file = users[0] / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino" / "high_score.txt"
+        self.file = self.scene.app_data() / "high_score.txt"
 
     def test_the_first_pop_ever_writes_one(self):
         self.scene.start()

@@ -1,0 +1,135 @@
+"""Puffino as the end-to-end tests play it: two monitors (the home
+monitor 1920x1080 with the penguin and the labels, a second one of
+1280x1024 to its right), the landscapes learnt from the gallery, and a
+child's click that pops a bubble on the second monitor."""
+
+import math
+import time
+
+from scene_sight import SceneSight, save_png
+from wine_session import TWO_MONITORS, WineSession
+
+HOME = (0, 0, 1920, 1080)  # the primary monitor, where Puffino starts
+OTHER = (1920, 0, 3200, 1024)
+# The penguin, its hint, the buttons and the labels of the home monitor are
+# no bubbles; every look leaves them out.
+HOME_LABELS = ((0, 0, 1920, 200), (1000, 560, 1920, 1080), (0, 950, 130, 1080))
+WM_CLOSE = 0x10
+
+
+def distance(a, b):
+    return math.dist(a.centre, b.centre)
+
+
+class SceneSession:
+    """Puffino on two monitors in a session of its own, with the landscapes
+    it shows learnt from the gallery."""
+
+    def __init__(self, label, cleanups, hidden=HOME_LABELS, **session_options):
+        self.session = WineSession(label, heads=TWO_MONITORS, sound_capture=True,
+                                   **session_options).__enter__()
+        self.cleanups, self.hidden = cleanups, hidden
+        cleanups(self.session.__exit__, None, None, None)
+
+    def app_data(self):
+        """Puffino's folder in the Windows user's roaming AppData (made on
+        the first start; a test may fill it before)."""
+        return self.session.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
+
+    def start(self, learn=True):
+        """Starts Puffino; learn=False leaves the landscapes unknown (for a
+        look at labels only, which may hide too much of a landscape to tell
+        it)."""
+        self.process, self.windows = self.session.start_puffino(2)
+        self.sight = SceneSight(self.session, [HOME, OTHER], self.hidden)
+        self.cleanups(self.sight.close)
+        if learn:
+            self.themes = self.sight.learn_landscapes(self.sight.grab()[1])
+
+    def close(self):
+        """Ends play as a parent would; the exit code."""
+        self.session.post(self.windows[0]["hwnd"], WM_CLOSE)
+        return self.session.wait_exit(self.process)
+
+    def save(self, frame, name):
+        save_png(frame, self.session.artifacts / f"{name}.png")
+
+    def first_grab(self, condition, seconds):
+        """The first grab within that many seconds that meets the condition
+        (the screen shows what causes a change within a frame or two), or
+        None."""
+        end = time.monotonic() + seconds
+        while time.monotonic() < end:
+            frame = self.sight.grab()[1]
+            if condition(frame):
+                return frame
+        return None
+
+    def wait_for_frame(self, condition, what, timeout=30):
+        """The first grab that meets the condition; a failure after the
+        timeout."""
+        frame = self.first_grab(condition, timeout)
+        if frame is None:
+            raise AssertionError(f"timed out after {timeout} s waiting for {what}")
+        return frame
+
+    def sounds_heard(self):
+        """How many sounds Puffino has played. A pop that brings a praise
+        plays the cheer at once, which cuts its pop sound off before Wine
+        opens a stream for it: either sound tells of the pop."""
+        return len(self.session.sound_streams())
+
+    # -- popping a bubble as a child would -----------------------------------
+
+    def isolated_bubble(self, frame):
+        """A whole bubble on the other monitor, away from its edges and from
+        every other bubble (so that its burst is its own); small ones first,
+        as their burst reaches well beyond where they were. None if none."""
+        found = self.sight.blobs(frame, OTHER, join=3)
+        for blob in sorted(found, key=lambda x: x.width):
+            if not (blob.one_bubble() and blob.left > 1960 and blob.right < 3160 and blob.top > 150
+                    and blob.bottom < 830):
+                continue
+            if all(other is blob or distance(other, blob) >= 150 for other in found):
+                return blob
+        return None
+
+    def pop_a_bubble(self):
+        """Clicks the middle of a bubble while Puffino stands still, so that
+        the bubble cannot rise away from the aim, and waits for the pop
+        sound; returns the click point and the bubble as it was clicked.
+        Tries for up to a minute: after a few pops the second monitor may
+        take a while to show a bubble on its own again."""
+        unheard = empty = 0
+        end = time.monotonic() + 60
+        while time.monotonic() < end:
+            heard = self.sounds_heard()
+            with self.session.frozen(self.process):
+                _, frame = self.sight.grab()
+                bubble = self.isolated_bubble(frame)
+                if bubble:
+                    point = [round(c) for c in bubble.centre]
+                    self.session.xdotool("mousemove", *point, "click", 1)
+            if not bubble:
+                empty += 1
+                time.sleep(0.5)  # wait for bubbles to rise into view
+                continue
+            try:
+                self.session.wait_for(lambda: self.sounds_heard() > heard, "a pop sound", timeout=5)
+            except AssertionError:
+                unheard += 1
+                continue
+            return point, bubble
+        raise AssertionError(f"no bubble could be popped: {unheard} clicks unheard, {empty} looks found none")
+
+    def burst_where(self, point, bubble):
+        """The grab showing the burst of the bubble popped at the point: three
+        droplets or more flying apart around it, and no bubble of its size
+        rising on above it."""
+        x, y = point
+        _, frame = self.sight.grab()
+        droplets = [b for b in self.sight.blobs(frame, (x - 110, y - 140, x + 110, y + 110))
+                    if b.width <= 16 and b.height <= 16]
+        risen = [b for b in self.sight.blobs(frame, (x - 80, y - 220, x + 80, y + 60), 3)
+                 if b.one_bubble() and abs(b.width - bubble.width) <= 4]
+        return [frame] if len(droplets) >= 3 and not risen else None
