@@ -107,6 +107,12 @@ set_tests_properties(e2e.screenshots PROPERTIES FIXTURES_REQUIRED wine_prefix LA
 # The scene as a person sees it, and the best score a pop leaves on disk.
 puffino_e2e_test(scene.two_monitors test_scene.TwoMonitors)
 puffino_e2e_test(scene.best_score test_scene.BestScore)
+# A minute of a toddler's play on two monitors at 144 DPI; ./puffino soak
+# runs it for longer.
+add_test(NAME e2e.soak COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/soak.py --minutes 1
+         --out ${CMAKE_BINARY_DIR}/test-artifacts/soak)
+set_tests_properties(e2e.soak PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2e
+                     ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
 # Every word on the home monitor at 96 and 144 DPI.
 puffino_e2e_test(labels.at_96_dpi test_labels.Labels.test_labels_then_ten_points_bring_praise_and_the_sound_button_flips)
 puffino_e2e_test(labels.at_144_dpi test_labels.Labels.test_at_144_dpi_every_label_is_written_half_again_as_large)

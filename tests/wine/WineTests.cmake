@@ -4,7 +4,7 @@ set(TESTS_OUT ${CMAKE_CURRENT_BINARY_DIR}/tests)
 # The harness's probe: lists Puffino's windows and posts messages to them.
 add_executable(probe ${PROJECT_SOURCE_DIR}/tests/harness/probe_win.cpp)
 target_link_options(probe PRIVATE -municode)
-target_link_libraries(probe PRIVATE user32)
+target_link_libraries(probe PRIVATE user32 psapi ntdll)
 set_target_properties(probe PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})
 
 # The key watcher: prints the key events that get past Puffino's guard.
