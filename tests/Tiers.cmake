@@ -107,6 +107,9 @@ set_tests_properties(e2e.screenshots PROPERTIES FIXTURES_REQUIRED wine_prefix LA
 # The scene as a person sees it, and the best score a pop leaves on disk.
 puffino_e2e_test(scene.two_monitors test_scene.TwoMonitors)
 puffino_e2e_test(scene.best_score test_scene.BestScore)
+# The child stays in, nothing leaks out.
+puffino_e2e_test(security.shortcuts test_security.ShortcutsAToddlerHits)
+puffino_e2e_test(security.no_trace test_security.LeavesNoTrace)
 # A minute of a toddler's play on two monitors at 144 DPI; ./puffino soak
 # runs it for longer.
 add_test(NAME e2e.soak COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/soak.py --minutes 1
