@@ -4,9 +4,10 @@ monitor 1920x1080 with the penguin and the labels, a second one of
 child's click that pops a bubble on the second monitor."""
 
 import math
+import threading
 import time
 
-from scene_sight import SceneSight, save_png
+from scene_sight import Grabber, SceneSight, save_png
 from wine_session import TWO_MONITORS, WineSession
 
 HOME = (0, 0, 1920, 1080)  # the primary monitor, where Puffino starts
@@ -19,6 +20,42 @@ WM_CLOSE = 0x10
 
 def distance(a, b):
     return math.dist(a.centre, b.centre)
+
+
+class ScreenWatch:
+    """Watches the screen the whole time, as a person would, while a test
+    goes on with its clicks: every grab (on a connection of its own) is
+    measured at once and kept as (moment, {name: measure(frame)}). Under a
+    busy machine a pop may be heard late; what the screen showed meanwhile
+    is still on record."""
+
+    def __init__(self, session, measures):
+        self.grabber = Grabber(session.xvfb.display, session.width, session.height)
+        self.measures, self.records = measures, []
+        self.frames = {}  # name -> the first frame where that measure was truthy
+        self.running = True
+        self.thread = threading.Thread(target=self._watch, daemon=True)
+        self.thread.start()
+
+    def _watch(self):
+        while self.running:
+            moment, frame = self.grabber.grab()
+            values = {name: measure(frame) for name, measure in self.measures.items()}
+            for name, value in values.items():
+                if value and name not in self.frames:
+                    self.frames[name] = frame
+            self.records.append((moment, values))
+            time.sleep(0.05)
+
+    def stop(self):
+        if self.running:
+            self.running = False
+            self.thread.join()
+            self.grabber.close()
+
+    def moments(self, name):
+        """The moments of the grabs where the measure was truthy."""
+        return [moment for moment, values in list(self.records) if values[name]]
 
 
 class SceneSession:
@@ -53,6 +90,12 @@ class SceneSession:
 
     def save(self, frame, name):
         save_png(frame, self.session.artifacts / f"{name}.png")
+
+    def watch(self, **measures):
+        """A ScreenWatch with these measures, stopped at cleanup."""
+        watch = ScreenWatch(self.session, measures)
+        self.cleanups(watch.stop)
+        return watch
 
     def first_grab(self, condition, seconds):
         """The first grab within that many seconds that meets the condition
