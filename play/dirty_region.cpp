@@ -21,9 +21,11 @@ Rect Intersection(const Rect& a, const Rect& b) {
 }
 
 // The stored rectangle grown by one pixel overlaps r: they touch or overlap.
+// Grown in 64 bits, so that a rectangle reaching the end of the 32-bit plane
+// still merges instead of overflowing.
 bool Touches(const Rect& stored, const Rect& r) {
-    return stored.left - 1 < r.right && stored.right + 1 > r.left && stored.top - 1 < r.bottom &&
-           stored.bottom + 1 > r.top;
+    return int64_t{stored.left} - 1 < r.right && int64_t{stored.right} + 1 > r.left &&
+           int64_t{stored.top} - 1 < r.bottom && int64_t{stored.bottom} + 1 > r.top;
 }
 
 // The hint balloon shows until a blowing hold has ended, and never while the
