@@ -89,7 +89,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         for (int32_t i = 0; i < region.count; ++i) {
             FUZZ_CHECK(!IsEmpty(region.rects[i]));
             stored = Bound(stored, region.rects[i]);
-            for (int32_t j = i + 1; j < region.count; ++j) FUZZ_CHECK(!Touch(region.rects[i], region.rects[j]));
+            for (int32_t j = i + 1; j < region.count; ++j) {
+                FUZZ_CHECK(!Touch(region.rects[i], region.rects[j]));
+            }
         }
         if (anyAdded) FUZZ_CHECK(stored == bounds);
         // Stored rectangles only ever grow, so checking this step's

@@ -33,7 +33,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
 
-    const bool reportable = key.vkCode == kSnapshot || (key.altDown && (key.vkCode == kF1 || key.vkCode == kF4));
+    const bool reportable =
+        key.vkCode == kSnapshot || (key.altDown && (key.vkCode == kF1 || key.vkCode == kF4));
     if (decision.report) {
         FUZZ_CHECK(reportable && key.targetPresent);
         FUZZ_CHECK(!(key.flags & (kUpFlag | kExtendedFlag)));
@@ -47,7 +48,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (!key.targetPresent) FUZZ_CHECK(!decision.report);
 
     // The Start menu keys and everything under Ctrl+Shift never get through.
-    if (key.vkCode == kLeftWin || key.vkCode == kRightWin || key.vkCode == kApps) FUZZ_CHECK(decision.swallow);
+    const bool startMenuKey = key.vkCode == kLeftWin || key.vkCode == kRightWin || key.vkCode == kApps;
+    if (startMenuKey) FUZZ_CHECK(decision.swallow);
     if (key.ctrlDown && key.shiftDown) FUZZ_CHECK(decision.swallow);
     return 0;
 }

@@ -33,7 +33,9 @@ void Pop(FuzzInput& input) {
     const size_t maxParticles = soft ? 2 : (gold ? 28 : 13);
     FUZZ_CHECK(field.rings.size() >= rings && field.rings.size() - rings <= maxRings);
     FUZZ_CHECK(field.particles.size() >= particles && field.particles.size() - particles <= maxParticles);
-    if (soft && particles >= 90) FUZZ_CHECK(field.rings.size() == rings && field.particles.size() == particles);
+    if (soft && particles >= 90) {
+        FUZZ_CHECK(field.rings.size() == rings && field.particles.size() == particles);
+    }
 }
 
 void Step() {

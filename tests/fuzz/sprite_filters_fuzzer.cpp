@@ -161,7 +161,9 @@ void CheckBleed(const Picture& before, const Picture& after) {
             FUZZ_CHECK(before.width >= 3 && before.height >= 3 && !before.Visible(x, y));
             bool near = false;
             for (int32_t ny = y - 4; ny <= y + 4; ++ny) {
-                for (int32_t nx = x - 4; nx <= x + 4; ++nx) near = near || (before.Inside(nx, ny) && before.Visible(nx, ny));
+                for (int32_t nx = x - 4; nx <= x + 4; ++nx) {
+                    near = near || (before.Inside(nx, ny) && before.Visible(nx, ny));
+                }
             }
             FUZZ_CHECK(near);
             for (int c = 0; c < 3; ++c) FUZZ_CHECK(is[c] >= low[c] && is[c] <= high[c]);
