@@ -20,10 +20,20 @@ Rect Intersection(const Rect& a, const Rect& b) {
             std::min(a.bottom, b.bottom)};
 }
 
-// The stored rectangle grown by one pixel overlaps r: they touch or overlap.
-bool Touches(const Rect& stored, const Rect& r) {
-    return stored.left - 1 < r.right && stored.right + 1 > r.left && stored.top - 1 < r.bottom &&
-           stored.bottom + 1 > r.top;
+// The first stored rectangle from index `from` on that, grown by one pixel,
+// overlaps r (they touch or overlap); the count when there is none. For
+// whole numbers left - 1 < right is left <= right, which cannot overflow at
+// the ends of the 32-bit plane. The hottest loop of the frame tick: r stays
+// in registers.
+int32_t FirstTouching(const DirtyRegion& region, int32_t from, const Rect& r) {
+    const int32_t left = r.left, top = r.top, right = r.right, bottom = r.bottom;
+    for (int32_t i = from; i < region.count; ++i) {
+        const Rect& stored = region.rects[i];
+        if (stored.left <= right && stored.right >= left && stored.top <= bottom && stored.bottom >= top) {
+            return i;
+        }
+    }
+    return region.count;
 }
 
 // The hint balloon shows until a blowing hold has ended, and never while the
@@ -38,14 +48,21 @@ bool HintCanShow() {
 void AddDirtyRect(DirtyRegion& region, const Rect& rect) {
     if (IsEmpty(rect)) return;
     Rect r = rect;
-    for (int32_t i = 0; i < region.count;) {
-        if (Touches(region.rects[i], r)) {
-            r = Union(r, region.rects[i]);
-            region.rects[i] = region.rects[--region.count];
-            i = 0;  // the grown rectangle may now touch one already passed
-        } else {
-            ++i;
+    for (int32_t i = 0; (i = FirstTouching(region, i, r)) < region.count;) {
+        const Rect stored = region.rects[i];
+        region.rects[i] = region.rects[--region.count];
+        const Rect merged = Union(r, stored);
+        // Stored rectangles never touch one another, and those before i did
+        // not touch r. A merge that leaves r as it was keeps it that way: the
+        // scan goes on at i. One that makes r the stored rectangle leaves
+        // nothing that touches it. Any other merge grew r past both, and the
+        // scan starts over, for it may now touch one already passed.
+        if (merged == stored) {
+            r = merged;
+            break;
         }
+        if (merged != r) i = 0;
+        r = merged;
     }
     if (region.count == kMaxDirtyRects) {
         for (int32_t i = 0; i < region.count; ++i) r = Union(r, region.rects[i]);

@@ -9,15 +9,6 @@
 
 namespace {
 
-int32_t Floor(float v) { return static_cast<int32_t>(std::floor(v)); }
-int32_t Ceil(float v) { return static_cast<int32_t>(std::ceil(v)); }
-
-// A square around a centre reaching size + pad each way, out to whole
-// pixels; the two are added one after the other, as the drawers reach.
-Rect BoxAround(float x, float y, float size, float pad) {
-    return {Floor(x - size - pad), Floor(y - size - pad), Ceil(x + size + pad), Ceil(y + size + pad)};
-}
-
 Rect Grown(const Rect& r, int32_t by) {
     return {r.left - by, r.top - by, r.right + by, r.bottom + by};
 }
@@ -73,17 +64,7 @@ Rect ButtonPaintArea(const Rect& button) {
     return Grown(button, ScaledRound(6));
 }
 
-Rect BubbleBounds(const Bubble& bubble) {
-    // The gold glow reaches further out than a plain bubble's rim.
-    const float r = bubble.radius * (bubble.gold ? 1.45f : 1.12f);
-    return BoxAround(bubble.x, bubble.y, r, 2);
-}
-
 Rect RingBounds(const PopRing& ring) {
     const float pad = std::max(3 * g_dpiScale, 2.0f);
     return BoxAround(ring.x, ring.y, ring.radius, pad);
-}
-
-Rect ParticleBounds(const PopParticle& particle) {
-    return BoxAround(particle.x, particle.y, particle.size, 2);
 }

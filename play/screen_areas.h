@@ -37,11 +37,40 @@ Rect PenguinPaintArea();
 // A button's rectangle grown by its border and shadow.
 Rect ButtonPaintArea(const Rect& button);
 
+// Rounded down and up to whole pixels: the truncation toward zero, moved one
+// step where it went the wrong way. The same as std::floor and std::ceil for
+// every value an int32_t holds, at a fraction of their cost on processors
+// without a rounding instruction.
+inline int32_t FloorToPixel(float v) {
+    const int32_t t = static_cast<int32_t>(v);
+    return t - (static_cast<float>(t) > v ? 1 : 0);
+}
+inline int32_t CeilToPixel(float v) {
+    const int32_t t = static_cast<int32_t>(v);
+    return t + (static_cast<float>(t) < v ? 1 : 0);
+}
+
+// A square around a centre reaching size + pad each way, out to whole
+// pixels; the two are added one after the other, as the drawers reach.
+inline Rect BoxAround(float x, float y, float size, float pad) {
+    return {FloorToPixel(x - size - pad), FloorToPixel(y - size - pad), CeilToPixel(x + size + pad),
+            CeilToPixel(y + size + pad)};
+}
+
+// The boxes of the moving things are inline: the frame tick asks for every
+// bubble's and particle's twice, where it was and where it is.
+
 // Everything drawn for a bubble, its gold glow included.
-Rect BubbleBounds(const Bubble& bubble);
+inline Rect BubbleBounds(const Bubble& bubble) {
+    // The gold glow reaches further out than a plain bubble's rim.
+    const float r = bubble.radius * (bubble.gold ? 1.45f : 1.12f);
+    return BoxAround(bubble.x, bubble.y, r, 2);
+}
 
 // Everything drawn for a ring of a pop effect.
 Rect RingBounds(const PopRing& ring);
 
 // Everything drawn for a droplet or sparkle of a pop effect.
-Rect ParticleBounds(const PopParticle& particle);
+inline Rect ParticleBounds(const PopParticle& particle) {
+    return BoxAround(particle.x, particle.y, particle.size, 2);
+}

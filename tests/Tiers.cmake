@@ -1,7 +1,9 @@
-# The three test tiers, all in CTest; the labels unit, wine and e2e name them.
+# The three test tiers and the fuzzers, all in CTest; the labels unit, wine,
+# e2e and fuzz name them.
 #  unit: native GoogleTest on the portable core, plain and sanitized.
 #  wine: GoogleTest programs built with mingw, run under Wine by the harness.
 #  e2e:  the real Puffino.exe under Wine in Xvfb, driven from Python.
+#  fuzz: libFuzzer on the portable core, natively, a few seconds each.
 set(HARNESS_DIR ${PROJECT_SOURCE_DIR}/tests/harness)
 set(WINE_TEST_PROGRAMS ${PUFFINO_WINDOWS_BUILD}/tests)
 set(HARNESS_ENVIRONMENT
@@ -119,3 +121,20 @@ set_tests_properties(e2e.soak PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2
 # Every word on the home monitor at 96 and 144 DPI.
 puffino_e2e_test(labels.at_96_dpi test_labels.Labels.test_labels_then_ten_points_bring_praise_and_the_sound_button_flips)
 puffino_e2e_test(labels.at_144_dpi test_labels.Labels.test_at_144_dpi_every_label_is_written_half_again_as_large)
+
+# The fuzzers: a few seconds each (label fuzz), from the committed seeds and
+# what earlier runs kept in build/fuzz/corpus; `./puffino fuzz` runs them
+# longer. A finding stops the fuzzer and lands in build/fuzz/artifacts.
+file(GLOB FUZZER_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/fuzz/*_fuzzer.cpp)
+foreach(source IN LISTS FUZZER_SOURCES)
+  get_filename_component(name ${source} NAME_WE)
+  set(corpora ${PUFFINO_FUZZ_BUILD}/corpus/${name})
+  if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/fuzz/seeds/${name})
+    list(APPEND corpora ${PROJECT_SOURCE_DIR}/tests/fuzz/seeds/${name})
+  endif()
+  string(REPLACE "_fuzzer" "" short ${name})
+  add_test(NAME fuzz.${short}
+           COMMAND ${PUFFINO_FUZZ_BUILD}/${name} -seed=1 -max_total_time=5 -timeout=10
+                   -artifact_prefix=${PUFFINO_FUZZ_BUILD}/artifacts/${name}- ${corpora})
+  set_tests_properties(fuzz.${short} PROPERTIES LABELS fuzz TIMEOUT 120)
+endforeach()

@@ -30,6 +30,15 @@ const LaunchCase kCases[] = {
     {L"1920,0,3840,1080,5", false, {}},
     {L"", false, {}},
     {L"0,0,99999999999,1080", true, {0, 0, 2147483647, 1080}},  // saturates as a 32-bit long
+    {L"-99999999999,0,10,1080", true, {-2147483647 - 1, 0, 10, 1080}},
+    {L"0,-5,10,", true, {0, -5, 10, 0}},  // an empty last field is 0 too
+    {L",,,", false, {}},                  // all 0: an empty rectangle
+    {L"+,0,10,10", false, {}},            // a sign without digits leaves wcstol at the sign
+    {L" ,0,10,10", false, {}},            // white space without digits likewise
+    {L"1920,0,3840,1080,", false, {}},
+    {L"1920,0,3840,1080\t", false, {}},   // only a space may end the value early
+    {L"1920.5,0,3840,1080", false, {}},
+    {L"0x780,0,3840,1080", false, {}},    // decimal only: the x stops the number
 };
 
 TEST(LaunchMonitorValue, FormsAcceptedAndRefused) {

@@ -1,10 +1,14 @@
 // The settings' pure rules: the language choice, the volume clamp through a
-// stand-in playback device, and the number in the best-score file.
+// stand-in playback device, the number in the best-score file and the
+// configured ceiling.
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <string>
+#include <string_view>
 
 #include "app/shell.h"
+#include "settings/config_values.h"
 #include "settings/high_score.h"
 #include "settings/language.h"
 #include "settings/volume_clamp.h"
@@ -62,14 +66,33 @@ TEST(VolumeClamp, LowersNeverRaisesAndOpensNothingWithoutACeiling) {
 }
 
 TEST(BestScore, LeadingPositiveNumberElseZero) {
-    const struct { const char* text; int32_t best; } cases[] = {
+    using namespace std::string_view_literals;
+    const struct { std::string_view text; int32_t best; } cases[] = {
         {"42\r\n", 42},  {"  42 trailing words", 42}, {"+5", 5},        {"12abc", 12},
         {"1,234", 1},    {"2147483647", 2147483647},  {"2147483648", 0}, {"-2147483649", 0},
         {"-3", 0},       {"0", 0},                    {"", 0},           {"words 42", 0},
+        {"12345678901234567890", 0},  // twenty digits
+        {"-0", 0},       {"\n\t 9", 9},               {"7\0\xFF\x01"sv, 7},  // binary after the number
+        {"\0\x01\xFE" "42"sv, 0},   // binary before it
+        {"\xEF\xBB\xBF" "42\r\n", 0},  // saved by an editor with a UTF-8 mark
+        {"\xD9\xA4\xD9\xA2", 0},      // Arabic-Indic digits are no number here
     };
     for (const auto& c : cases) {
-        std::istringstream text(c.text);
-        EXPECT_EQ(ParseBestScore(text), c.best) << '"' << c.text << '"';
+        std::istringstream text{std::string(c.text)};
+        EXPECT_EQ(ParseBestScore(text), c.best) << testing::PrintToString(std::string(c.text));
+    }
+}
+
+TEST(VolumeCeiling, FromTheNumberReadThroughTheClamp) {
+    // The number config.ini gives (a word reads as 0) held to 0..100, then
+    // the ceiling: no clamp for 0.
+    const struct { int32_t read; int32_t percent; float level; } cases[] = {
+        {150, 100, 1.0f}, {-5, 0, -1.0f}, {0, 0, -1.0f}, {35, 35, 0.35f}, {100, 100, 1.0f},
+        {2147483647, 100, 1.0f}, {-2147483647 - 1, 0, -1.0f},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(ClampVolumePercent(c.read), c.percent) << c.read;
+        EXPECT_FLOAT_EQ(VolumeClampLevel(ClampVolumePercent(c.read)), c.level) << c.read;
     }
 }
 
