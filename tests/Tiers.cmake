@@ -110,3 +110,11 @@ set_tests_properties(e2e.screenshots PROPERTIES FIXTURES_REQUIRED wine_prefix LA
 # The scene as a person sees it, and the best score a pop leaves on disk.
 puffino_e2e_test(scene.two_monitors test_scene.TwoMonitors)
 puffino_e2e_test(scene.best_score test_scene.BestScore)
+
+# Faults lived through: display and DPI changes mid-play, missing fonts and
+# pose pictures, no sound device, an unusable best-score file or folder, and
+# the end of play reached twice at once.
+puffino_e2e_test(faults.mid_play_changes test_faults.MidPlayChanges)
+puffino_e2e_test(faults.missing_parts test_faults.MissingParts)
+puffino_e2e_test(faults.no_sound_device test_faults.NoSoundDevice)
+puffino_e2e_test(faults.best_score_and_app_data test_faults.BestScoreAndAppData)
