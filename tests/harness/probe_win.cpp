@@ -7,6 +7,13 @@
 //   probe notopmost HWND        takes the window out of the topmost band,
 //                               then reports its extended styles
 //   probe resources PID         the process's memory and live GDI objects
+//   probe dpichanged HWND DPI LEFT TOP RIGHT BOTTOM
+//                               posts WM_DPICHANGED with that suggested
+//                               rectangle, written into the window's process
+//   probe post-on-capture HWND MSG WP LP
+//                               prints "waiting", then posts the message the
+//                               moment the window's thread takes the mouse
+//                               capture (a press it is handling)
 #include <windows.h>
 #include <psapi.h>
 #include <winternl.h>
@@ -157,6 +164,48 @@ int Resources(wchar_t** argv) {
                 static_cast<unsigned long long>(memory.WorkingSetSize));
     CloseHandle(process);
     return 0;
+HWND HandleArg(const wchar_t* text) {
+    return reinterpret_cast<HWND>(static_cast<uintptr_t>(std::wcstoull(text, nullptr, 10)));
+}
+
+int DpiChanged(wchar_t** argv) {
+    const HWND hwnd = HandleArg(argv[2]);
+    const UINT dpi = static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10));
+    const RECT suggested{std::wcstol(argv[4], nullptr, 10), std::wcstol(argv[5], nullptr, 10),
+                         std::wcstol(argv[6], nullptr, 10), std::wcstol(argv[7], nullptr, 10)};
+    // The message carries a pointer that the receiver reads in its own
+    // address space, so the rectangle goes there; its few bytes stay until
+    // that process ends.
+    DWORD pid = 0;
+    GetWindowThreadProcessId(hwnd, &pid);
+    HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, pid);
+    void* remote = process ? VirtualAllocEx(process, nullptr, sizeof suggested, MEM_COMMIT | MEM_RESERVE,
+                                            PAGE_READWRITE)
+                           : nullptr;
+    const BOOL ok = remote && WriteProcessMemory(process, remote, &suggested, sizeof suggested, nullptr) &&
+                    PostMessageW(hwnd, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(remote));
+    if (process) CloseHandle(process);
+    std::printf("{\"posted\": %s}\n", ok ? "true" : "false");
+    return ok ? 0 : 3;
+}
+
+int PostOnCapture(wchar_t** argv) {
+    const HWND hwnd = HandleArg(argv[2]);
+    const DWORD thread = GetWindowThreadProcessId(hwnd, nullptr);
+    std::printf("waiting\n");
+    std::fflush(stdout);
+    const DWORD start = GetTickCount();
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    while (!(GetGUIThreadInfo(thread, &info) && info.hwndCapture)) {
+        if (GetTickCount() - start > 30000) return 4;
+        Sleep(1);
+    }
+    const BOOL ok = PostMessageW(hwnd, static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10)),
+                                 static_cast<WPARAM>(std::wcstoull(argv[4], nullptr, 10)),
+                                 static_cast<LPARAM>(std::wcstoll(argv[5], nullptr, 10)));
+    std::printf("{\"posted\": %s, \"waited\": %lu}\n", ok ? "true" : "false", GetTickCount() - start);
+    return ok ? 0 : 3;
 }
 
 }  // namespace
@@ -170,7 +219,10 @@ int wmain(int argc, wchar_t** argv) {
     if (command == L"post" && argc == 6) return Post(argv);
     if (command == L"notopmost" && argc == 3) return NotTopmost(argv);
     if (command == L"resources" && argc == 3) return Resources(argv);
-    std::fprintf(stderr,
-                 "usage: probe windows | monitors | post HWND MSG WPARAM LPARAM | notopmost HWND | resources PID\n");
+    if (command == L"dpichanged" && argc == 8) return DpiChanged(argv);
+    if (command == L"post-on-capture" && argc == 6) return PostOnCapture(argv);
+    std::fprintf(stderr, "usage: probe windows | monitors | post HWND MSG WPARAM LPARAM | notopmost HWND |\n"
+                         "       resources PID |\n"
+                         "       dpichanged HWND DPI LEFT TOP RIGHT BOTTOM | post-on-capture HWND MSG WPARAM LPARAM\n");
     return 2;
 }

@@ -7,6 +7,7 @@ bubbles and bursts as what differs from that landscape."""
 import ctypes
 import subprocess
 import time
+import weakref
 from dataclasses import dataclass
 
 import numpy
@@ -21,6 +22,8 @@ PALE_BLUE = (0xC8, 0xE4, 0xFA)  # the scenery's clear colour, hidden by every la
 # Bubbles at scale 1: radius 18 to 44, gold ones with their halo reach 1.38 r.
 BUBBLE_SPAN = (30, 125)
 CELL = 2  # blobs are found on a grid of 2 x 2 pixel cells
+# The gallery's paintings of each session: size ("1920x1080") -> theme -> picture.
+_GALLERIES = weakref.WeakKeyDictionary()
 
 
 class _XImage(ctypes.Structure):
@@ -144,28 +147,38 @@ class SceneSight:
         return self.grabber.grab()
 
     def learn_landscapes(self, frame):
-        """Paints every theme with the gallery tool and takes, for each
-        monitor, the one that matches the screen best; returns the theme
-        names. A monitor that matches none closely is a test failure."""
-        folder = self.session.root / "gallery"
-        folder.mkdir(exist_ok=True)
-        code, _, err = self.session.run(WINDOWS_BUILD / "tests" / "scenery_gallery.exe",
-                                        windows_path(folder))
-        if code != 0:
-            raise AssertionError(f"the scenery gallery failed: {err}")
+        """Takes, for each monitor, the theme whose painting by the gallery
+        tool matches the screen best; returns the theme names. A monitor
+        that matches none closely is a test failure. Learn again after
+        Puffino rebuilt its windows: every rebuild draws new themes."""
         self.landscape = numpy.zeros_like(frame)
         names = []
         for left, top, right, bottom in self.monitors:
             shown = frame[top:bottom, left:right].astype(numpy.int16)
-            best = max(THEMES, key=lambda theme: self._matching(
-                shown, read_png(folder / f"{theme}-{right - left}x{bottom - top}.png")))
-            picture = read_png(folder / f"{best}-{right - left}x{bottom - top}.png")
-            share = self._matching(shown, picture) / shown[..., 0].size
+            paintings = self._gallery(right - left, bottom - top)
+            best = max(THEMES, key=lambda theme: self._matching(shown, paintings[theme]))
+            share = self._matching(shown, paintings[best]) / shown[..., 0].size
             if share < 0.9:
                 raise AssertionError(f"monitor {left},{top} shows no landscape ({best}: {share:.2f})")
-            self.landscape[top:bottom, left:right] = picture
+            self.landscape[top:bottom, left:right] = paintings[best]
             names.append(best)
         return names
+
+    def _gallery(self, width, height):
+        """Every theme at that size, as the gallery tool paints it: run once
+        per session (it takes seconds) and kept with the session."""
+        paintings = _GALLERIES.setdefault(self.session, {})
+        if not paintings:
+            folder = self.session.root / "gallery"
+            folder.mkdir(exist_ok=True)
+            code, _, err = self.session.run(WINDOWS_BUILD / "tests" / "scenery_gallery.exe",
+                                            windows_path(folder))
+            if code != 0:
+                raise AssertionError(f"the scenery gallery failed: {err}")
+            for path in folder.glob("*.png"):
+                theme, size = path.stem.rsplit("-", 1)
+                paintings.setdefault(size, {})[theme] = read_png(path)
+        return paintings[f"{width}x{height}"]
 
     @staticmethod
     def _matching(shown, picture):

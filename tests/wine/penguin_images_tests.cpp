@@ -9,6 +9,7 @@
 #include <array>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -187,6 +188,190 @@ TEST(ShippedArt, TheBlowingBeakEndsAt72PercentOfTheWidth) {
         }
     }
     EXPECT_NEAR(beakTip, 0.72 * width, 0.02 * width);
+}
+
+// PNG files of any colour type and bit depth, written here byte by byte so
+// that the odd ones GDI+ would never save itself (grey, palette with a
+// transparency table, 16 bits per channel, cut short) come from the test:
+// rows are deflated as stored blocks, so a file is as long as its pixels.
+uint32_t Crc32(const std::string& bytes, size_t from) {
+    uint32_t crc = 0xFFFFFFFFu;
+    for (size_t i = from; i < bytes.size(); ++i) {
+        crc ^= static_cast<uint8_t>(bytes[i]);
+        for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1u)));
+    }
+    return ~crc;
+}
+
+void PutBigEndian(std::string& out, uint32_t value) {
+    for (int shift = 24; shift >= 0; shift -= 8) out += static_cast<char>(value >> shift);
+}
+
+void PutChunk(std::string& png, const char* type, const std::string& data) {
+    PutBigEndian(png, static_cast<uint32_t>(data.size()));
+    const size_t start = png.size();
+    png += type;
+    png += data;
+    PutBigEndian(png, Crc32(png, start));
+}
+
+struct PngLook {
+    uint8_t colourType;        // 0 grey, 2 RGB, 3 palette, 4 grey+alpha, 6 RGBA
+    uint8_t depth;             // bits per sample
+    std::string palette;       // RGB triples (colour type 3)
+    std::string transparency;  // the tRNS chunk's data, if any
+};
+
+// row(y) gives the packed samples of row y, without the filter byte.
+std::string PngFile(const PngLook& look, uint32_t width, uint32_t height,
+                    const std::function<std::string(uint32_t)>& row) {
+    std::string png = "\x89PNG\r\n\x1a\n";
+    std::string header;
+    PutBigEndian(header, width);
+    PutBigEndian(header, height);
+    header += {static_cast<char>(look.depth), static_cast<char>(look.colourType), 0, 0, 0};
+    PutChunk(png, "IHDR", header);
+    if (!look.palette.empty()) PutChunk(png, "PLTE", look.palette);
+    if (!look.transparency.empty()) PutChunk(png, "tRNS", look.transparency);
+
+    std::string raw;
+    for (uint32_t y = 0; y < height; ++y) raw += '\0' + row(y);  // filter: none
+    std::string zlib = "\x78\x01";
+    for (size_t at = 0; at < raw.size() || at == 0; at += 65535) {
+        const size_t length = std::min<size_t>(65535, raw.size() - at);
+        zlib += static_cast<char>(at + length >= raw.size() ? 1 : 0);  // the last block ends the stream
+        zlib += {static_cast<char>(length), static_cast<char>(length >> 8),
+                 static_cast<char>(~length), static_cast<char>(~length >> 8)};
+        zlib.append(raw, at, length);
+    }
+    uint32_t a = 1, b = 0;
+    for (char c : raw) {
+        a = (a + static_cast<uint8_t>(c)) % 65521;
+        b = (b + a) % 65521;
+    }
+    PutBigEndian(zlib, (b << 16) | a);
+    PutChunk(png, "IDAT", zlib);
+    PutChunk(png, "IEND", "");
+    return png;
+}
+
+void WriteBytes(const fs::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// A 40 x 40 picture with a 20 x 20 square in the middle (10..29) drawn in
+// `inside` and everything else in `outside`, each one pixel's samples.
+std::string SquarePng(const PngLook& look, const std::string& inside, const std::string& outside) {
+    return PngFile(look, 40, 40, [&](uint32_t y) {
+        std::string row;
+        for (uint32_t x = 0; x < 40; ++x) {
+            row += (x >= 10 && x < 30 && y >= 10 && y < 30) ? inside : outside;
+        }
+        return row;
+    });
+}
+
+uint32_t ArgbAt(const std::vector<uint8_t>& pixels, int width, int x, int y) {
+    const uint8_t* p = &pixels[(static_cast<size_t>(y) * width + x) * 4];
+    return (uint32_t{p[3]} << 24) | (uint32_t{p[2]} << 16) | (uint32_t{p[1]} << 8) | p[0];
+}
+
+TEST_F(PenguinImagesTest, OddPicturesArePreparedFromWhatTheyShow) {
+    // Sampled at the square's middle (20, 20), on its top edge (20, 10) and
+    // one pixel above it (20, 9), where the colour bleeds into the
+    // transparency; in the far corner (0, 0), beyond the bleed's reach, only
+    // the alpha counts (Wine's GDI+ does not keep the colour of a fully
+    // transparent pixel, and nothing of it is ever drawn).
+    const struct {
+        const char* what;
+        std::string png;
+        uint32_t middle, edge, above;
+        uint8_t cornerAlpha;
+    } cases[] = {
+        {"palette with a transparency table",
+         SquarePng({3, 8, std::string("\x00\x00\xff\xe6\x3c\x28", 6), std::string("\x00", 1)},
+                   "\x01", std::string("\x00", 1)),
+         0xFFE63C28, 0xFFE63C28, 0x00E63C28, 0},
+        {"8-bit grey, opaque everywhere", SquarePng({0, 8, "", ""}, "\xc8", "\x64"),
+         0xFFC8C8C8, 0xFFC8C8C8, 0xFF646464, 255},
+        {"dark grey with alpha: a softened outline",
+         SquarePng({4, 8, "", ""}, std::string("\x1e\xff", 2), std::string("\x00\x00", 2)),
+         0xFF1E1E1E, 0x961E1E1E, 0x001E1E1E, 0},
+        {"16 bits per channel",
+         SquarePng({6, 16, "", ""}, "\x12\x12\x80\x80\xfe\xfe\xff\xff",
+                   std::string(8, '\0')),
+         0xFF1280FE, 0xFF1280FE, 0x001280FE, 0},
+        {"alpha just below visible: nothing to clean up",
+         SquarePng({6, 8, "", ""}, std::string("\x00\xa0\x00\x0f", 4), std::string(4, '\0')),
+         0x0F00A000, 0x0F00A000, 0x00000000, 0},
+        {"RGB with a colour key",
+         SquarePng({2, 8, "", std::string("\x00\xff\x00\x00\x00\xff", 6)},
+                   std::string("\x32\x64\x96", 3), std::string("\xff\x00\xff", 3)),
+         0xFF326496, 0xFF326496, 0x00326496, 0},
+    };
+    fs::create_directories(folder);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        const fs::path path = folder / "idle.png";
+        WriteBytes(path, c.png);
+        const PoseSlot loaded = LoadSpriteFile(path.wstring());
+        ASSERT_TRUE(loaded);
+        auto* bitmap = static_cast<Bitmap*>(loaded.get());
+        EXPECT_EQ(bitmap->GetPixelFormat(), PixelFormat32bppARGB) << "the prepared working copy";
+        const std::vector<uint8_t> pixels = PixelsOf(*bitmap);
+        ASSERT_EQ(pixels.size(), 40u * 40u * 4u);
+        EXPECT_EQ(ArgbAt(pixels, 40, 20, 20), c.middle);
+        EXPECT_EQ(ArgbAt(pixels, 40, 20, 10), c.edge);
+        EXPECT_EQ(ArgbAt(pixels, 40, 20, 9), c.above);
+        EXPECT_EQ(ArgbAt(pixels, 40, 0, 0) >> 24, c.cornerAlpha);
+    }
+}
+
+TEST_F(PenguinImagesTest, BrokenAndTinyPicturesNeverStopTheLoad) {
+    const std::string whole = SquarePng({0, 8, "", ""}, "\x10", "\x20");
+    const struct {
+        const char* what;
+        std::string idle;       // idle.png; standing.png, a fallback name, is 30 x 21
+        int32_t width, height;  // of the standing slot
+    } cases[] = {
+        {"cut short in its pixels", whole.substr(0, whole.size() / 2), 30, 21},
+        {"cut short in its header", whole.substr(0, 20), 30, 21},
+        {"one pixel", PngFile({0, 8, "", ""}, 1, 1, [](uint32_t) { return std::string("\x80"); }), 1, 1},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        WriteBytes(folder / "idle.png", c.idle);
+        WriteTaggedPng(folder / "standing.png", 21);
+        LoadPenguinImages(folder.wstring());
+        int32_t width = 0, height = 0;
+        ASSERT_TRUE(PoseImageSize(PoseImage::Idle, width, height));
+        EXPECT_EQ(width, c.width);
+        EXPECT_EQ(height, c.height);
+    }
+}
+
+// Run on its own (it takes half a minute under Wine): 16384 x 16384 with
+// one bit per pixel is 32 MB of file and a gigabyte once decoded. A band of
+// 256 opaque rows over transparency keeps the speck search's lists short;
+// an opaque picture this size takes a minute and five gigabytes.
+TEST_F(PenguinImagesTest, HugePictureIsLoadedWhole) {
+    fs::create_directories(folder);
+    WriteBytes(folder / "idle.png",
+               PngFile({3, 1, std::string("\0\0\0\x50\x8c\xc8", 6), std::string("\0", 1)}, 16384, 16384,
+                       [](uint32_t y) { return std::string(2048, y < 256 ? '\xff' : '\0'); }));
+    LoadPenguinImages(folder.wstring());
+    int32_t width = 0, height = 0;
+    ASSERT_TRUE(PoseImageSize(PoseImage::Idle, width, height));
+    EXPECT_EQ(width, 16384);
+    EXPECT_EQ(height, 16384);
+    Gdiplus::Color colour;
+    auto* prepared = static_cast<Bitmap*>(g_penguinImages.idleImage.get());
+    prepared->GetPixel(9000, 100, &colour);
+    EXPECT_EQ(colour.GetValue(), 0xFF508CC8u) << "the band is the whole drawing: no speck";
+    prepared->GetPixel(9000, 300, &colour);
+    EXPECT_EQ(colour.GetAlpha(), 0);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // with pixel probes of sky, band and sun.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -58,6 +59,27 @@ uint32_t GradientAt(uint32_t topArgb, uint32_t bottomArgb, int top, int bottom, 
         }
     }
     return ::testing::AssertionSuccess();
+}
+
+TEST(Scenery, SeasideOnVeryLargeMonitorsShowsItsFourRowsOfCrests) {
+    // Wine's GDI+ once died painting the seaside at these sizes.
+    for (const auto& [w, h] : {std::pair{3840, 2160}, std::pair{5120, 1440}}) {
+        SCOPED_TRACE(::testing::Message() << w << "x" << h);
+        const std::vector<uint32_t> pixels = Paint(w, h, 0);
+        // Each row's crest colour shows somewhere in the row's first crest.
+        const float k = std::min(w, h) / 750.0f;
+        for (int row = 0; row < 4; ++row) {
+            const int top = static_cast<int>((0.58f + 0.06f + 0.11f * row) * h), left = static_cast<int>(0.05f * w);
+            int crest = 0;
+            for (int y = top - 4; y < std::min(h, top + static_cast<int>(10 * k)); ++y) {
+                for (int x = left; x < left + static_cast<int>(70 * k); ++x) {
+                    const uint32_t p = pixels[y * w + x];
+                    crest += (p >> 8 & 0xFF) > 185;  // the sea's green stays below 168
+                }
+            }
+            EXPECT_GT(crest, 20) << "row " << row;
+        }
+    }
 }
 
 TEST(Scenery, EachThemeShowsItsSkyBandAndSun) {

@@ -328,6 +328,19 @@ TEST_F(TwoMonitors, DisplayChangeRebuildsAndPlayGoesOn) {
     EXPECT_TRUE(PumpUntil([] { return g_calls.frames >= 2; })) << "the timers run on the new home window";
 }
 
+TEST_F(TwoMonitors, OnlyTheHomeWindowsDestructionEndsTheLoop) {
+    const HWND home = g_mainWindow;
+    DestroyWindow(RecordAt(1920, 0)->hwnd);
+    EXPECT_FALSE(TakeQuit()) << "another window's end is not the end of play";
+    ASSERT_TRUE(PumpUntil([] { return g_calls.frames >= 1; })) << "the frame timer still runs";
+
+    DestroyWindow(home);
+    EXPECT_TRUE(TakeQuit());
+    EXPECT_FALSE(g_playEnded) << "the loop ends without EndPlay; the teardown releases the rest";
+    g_calls.frames = 0;
+    EXPECT_FALSE(PumpUntil([] { return g_calls.frames > 0; }, 300)) << "no frame after the home window";
+}
+
 // A 1920x1080 primary with a second 1920x1080 monitor to its left: the
 // virtual screen starts at x = -1920.
 using LeftOfPrimary = ShellTest;
