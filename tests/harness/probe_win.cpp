@@ -164,6 +164,8 @@ int Resources(wchar_t** argv) {
                 static_cast<unsigned long long>(memory.WorkingSetSize));
     CloseHandle(process);
     return 0;
+}
+
 HWND HandleArg(const wchar_t* text) {
     return reinterpret_cast<HWND>(static_cast<uintptr_t>(std::wcstoull(text, nullptr, 10)));
 }
