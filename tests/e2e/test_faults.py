@@ -331,7 +331,7 @@ class BestScoreAndAppData(unittest.TestCase):
         scene = self.scene
         for _ in range(30):
             self.assertIsNone(scene.process.poll(), "Puffino still playing")
-            heard = scene.pops_heard()
+            heard = scene.sounds_heard()
             with scene.session.frozen(scene.process):
                 _, frame = scene.sight.grab()
                 found = [b for monitor in scene.sight.monitors for b in scene.sight.blobs(frame, monitor, join=3)]
@@ -344,7 +344,7 @@ class BestScoreAndAppData(unittest.TestCase):
                 time.sleep(0.3)  # bubbles rise into view
                 continue
             try:
-                scene.session.wait_for(lambda: scene.pops_heard() > heard, "a pop sound", timeout=5)
+                scene.session.wait_for(lambda: scene.sounds_heard() > heard, "a pop sound", timeout=5)
                 return
             except AssertionError:
                 continue
