@@ -344,7 +344,9 @@ class BestScoreAndAppData(unittest.TestCase):
                 time.sleep(0.3)  # bubbles rise into view
                 continue
             try:
-                scene.session.wait_for(lambda: scene.sounds_heard() > heard, "a pop sound", timeout=5)
+                # Long enough for a busy machine: a pop whose sound came late
+                # would be popped again, and counted twice.
+                scene.session.wait_for(lambda: scene.sounds_heard() > heard, "a pop sound", timeout=15)
                 return
             except AssertionError:
                 continue
@@ -354,7 +356,8 @@ class BestScoreAndAppData(unittest.TestCase):
         best = self.folder / "high_score.txt"
         self.scene.start()
         self.pop()
-        self.assertEqual(best.read_bytes(), b"1\r\n")
+        first = best.read_bytes()  # 1, or 5 for a gold bubble
+        self.assertRegex(first, rb"^[1-9][0-9]*\r\n$")
 
         # Read-only: the pop that raises the best cannot write, and the old
         # file stays as it was.
@@ -362,7 +365,7 @@ class BestScoreAndAppData(unittest.TestCase):
         writable_again = make_unwritable(best)
         self.addCleanup(writable_again)
         self.pop()
-        self.assertEqual((best.read_bytes(), best.stat().st_mtime_ns), (b"1\r\n", written))
+        self.assertEqual((best.read_bytes(), best.stat().st_mtime_ns), (first, written))
         writable_again()
 
         # A folder in its place: nothing is written over it.
@@ -376,7 +379,7 @@ class BestScoreAndAppData(unittest.TestCase):
         self.pop()
         saved = best.read_bytes()
         self.assertRegex(saved, rb"^[1-9][0-9]*\r\n$")
-        self.assertGreaterEqual(int(saved), 4, "every pop counted, in memory, all along")
+        self.assertGreaterEqual(int(saved), int(first) + 3, "every pop counted, in memory, all along")
 
         # The finish button and Alt+F4 in the same moment: play ends once,
         # with exit code 0, and the file stays as the last pop left it.
