@@ -290,26 +290,33 @@ class MissingParts(FaultSession):
 
 
 class NoSoundDevice(FaultSession):
-    """Wine with every audio driver switched off: no playback device at all,
-    so every sound fails to play and the volume clamp finds no endpoint."""
+    """No sound device in two ways Wine has: every audio driver switched off
+    (the device enumerator cannot even be made), and a driver that finds no
+    playback device (the enumerator has no default endpoint). Sounds go
+    nowhere, and the volume clamp gives up at a different step each time."""
 
     def test_silent_play_with_a_volume_ceiling(self):
-        roaming = self.session.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
-        roaming.mkdir(parents=True)
-        (roaming / "config.ini").write_bytes(config_bytes("[Puffino]", "VolumeClampPercent=35"))
-        overrides = self.session.env["WINEDLLOVERRIDES"] + ";winealsa.drv,winepulse.drv,wineoss.drv=d"
-        windows = self.start(env={"WINEDLLOVERRIDES": overrides})
-        self.session.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
-        self.session.wait_for(lambda: blowing(self.grab()), "the penguin blowing")
-        self.session.xdotool("mouseup", 1)
-        self.assertEqual(self.session.sound_streams(), [], "nothing reached any sound device")
-        # The topmost tick ends with the clamp: it runs and finds nothing.
-        home = self.home(windows)
-        self.session.probe("notopmost", home["hwnd"])
-        self.session.wait_for(lambda: all(w["exstyle"] & 0x8 for w in self.session.windows()),
-                              "the topmost tick")
-        self.assertIsNone(self.process.poll())
-        self.end(windows)
+        folder = self.session.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
+        folder.mkdir(parents=True)
+        (folder / "config.ini").write_bytes(config_bytes("[Puffino]", "VolumeClampPercent=35"))
+        cases = {
+            "drivers switched off":
+                {"WINEDLLOVERRIDES": self.session.env["WINEDLLOVERRIDES"] + ";winealsa.drv,winepulse.drv,wineoss.drv=d"},
+            "no playback device": {"ALSA_CONFIG_PATH": "/usr/share/alsa/alsa.conf"},  # without the capture
+        }
+        for name, env in cases.items():
+            with self.subTest(name):
+                windows = self.start(env=env)
+                self.session.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
+                self.session.wait_for(lambda: blowing(self.grab()), "the penguin blowing")
+                self.session.xdotool("mouseup", 1)
+                self.assertEqual(self.session.sound_streams(), [], "nothing reached any sound device")
+                # The topmost tick ends with the clamp: it runs and finds nothing.
+                self.session.probe("notopmost", self.home(windows)["hwnd"])
+                self.session.wait_for(lambda: all(w["exstyle"] & 0x8 for w in self.session.windows()),
+                                      "the topmost tick")
+                self.assertIsNone(self.process.poll())
+                self.end(windows)
 
 
 class BestScoreAndAppData(unittest.TestCase):
