@@ -79,7 +79,7 @@ def main():
     parser.add_argument("--zip", required=True, type=Path)
     parser.add_argument("files", nargs="+", metavar="SOURCE=NAME")
     options = parser.parse_args()
-    files = [spec.rsplit("=", 1) for spec in options.files]
+    files = [entry.rsplit("=", 1) for entry in options.files]
     assemble(files, options.folder)
     write_zip(options.folder, options.zip)
     return 0
