@@ -39,6 +39,21 @@ struct Framed {
     }
 };
 
+// A scratch byte for every pixel and the frame: `visible` or `hidden` by
+// the pixel's alpha, `frame` around the picture.
+std::vector<uint8_t> VisibilityMap(const SpritePixels& pixels, const Framed& framed, uint8_t visible,
+                                   uint8_t hidden, uint8_t frame) {
+    std::vector<uint8_t> state(framed.Count(), frame);
+    for (int32_t y = 0; y < pixels.height; ++y) {
+        const uint8_t* row = Row(pixels, y);
+        uint8_t* flags = &state[framed.At(0, y)];
+        for (int32_t x = 0; x < pixels.width; ++x) {
+            flags[x] = row[x * 4 + kAlpha] >= kVisibleAlpha ? visible : hidden;
+        }
+    }
+    return state;
+}
+
 }  // namespace
 
 void RemoveSpecks(const SpritePixels& pixels) {
@@ -48,14 +63,7 @@ void RemoveSpecks(const SpritePixels& pixels) {
     // A byte a pixel instead of a label: a blob is found once to be counted
     // and, only when it turns out to be a speck, a second time to be erased.
     enum : uint8_t { kVisible, kCounted, kErased, kNever };
-    std::vector<uint8_t> state(framed.Count(), kNever);
-    for (int32_t y = 0; y < pixels.height; ++y) {
-        const uint8_t* row = Row(pixels, y);
-        uint8_t* flags = &state[framed.At(0, y)];
-        for (int32_t x = 0; x < pixels.width; ++x) {
-            if (row[x * 4 + kAlpha] >= kVisibleAlpha) flags[x] = kVisible;
-        }
-    }
+    std::vector<uint8_t> state = VisibilityMap(pixels, framed, kVisible, kNever, kNever);
 
     // Flood-fills the blob around start from pixels in state `from`, moving
     // them to `to`; calls reached(index) for each. A row's run at a time:
@@ -155,14 +163,7 @@ void BleedColours(const SpritePixels& pixels) {
     // Known pixels are colour sources; an unknown one waits to be coloured
     // (queued once it has a known neighbour); the frame is neither.
     enum : uint8_t { kUnknown, kKnown, kQueued, kFrame };
-    std::vector<uint8_t> state(framed.Count(), kFrame);
-    for (int32_t y = 0; y < pixels.height; ++y) {
-        const uint8_t* row = Row(pixels, y);
-        uint8_t* flags = &state[framed.At(0, y)];
-        for (int32_t x = 0; x < pixels.width; ++x) {
-            flags[x] = row[x * 4 + kAlpha] >= kVisibleAlpha ? kKnown : kUnknown;
-        }
-    }
+    std::vector<uint8_t> state = VisibilityMap(pixels, framed, kKnown, kUnknown, kFrame);
 
     // A pass colours exactly the unknown pixels next to a known one: first
     // those around the drawing, then those around the ring coloured in the
