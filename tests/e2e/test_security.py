@@ -38,6 +38,9 @@ SHORTCUTS = [
     ("alt+F1", 0x70, False),
     ("alt+x", 0x58, False),
     ("alt+7", 0x37, False),
+    # Wine's Print Screen comes flagged extended: the guard passes it on.
+    ("Print", 0x2C, True),
+    ("alt+Print", 0x2C, True),
     ("ctrl+w", 0x57, True),
     ("F1", 0x70, True),
     ("Escape", 0x1B, True),
