@@ -56,38 +56,32 @@ puffino_wine_test(shell.two_monitors
   COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=TwoMonitors.*)
 puffino_wine_test(shell.left_of_primary HEADS ${LEFT_OF_PRIMARY}
   COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=LeftOfPrimary.*)
-puffino_wine_test(shell.dpi_144 HEADS 1920x1080+0+0 DPI 144
-  COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=HighDpi.*)
-puffino_wine_test(scenery COMMAND ${WINE_TEST_PROGRAMS}/scenery_tests.exe)
 puffino_wine_test(compose COMMAND ${WINE_TEST_PROGRAMS}/compose_tests.exe)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
-puffino_wine_test(penguin_images COMMAND ${WINE_TEST_PROGRAMS}/penguin_images_tests.exe
-  --gtest_filter=-*HugePicture*)
-# A 16384 x 16384 picture takes half a minute: on its own, beside the others.
-puffino_wine_test(penguin_images.huge COMMAND ${WINE_TEST_PROGRAMS}/penguin_images_tests.exe
-  --gtest_filter=*HugePicture*)
-puffino_wine_test(penguin_sprite COMMAND ${WINE_TEST_PROGRAMS}/penguin_sprite_tests.exe)
-puffino_wine_test(text COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe
-  --gtest_filter=-InstalledFallbacks.*)
-# Two of the five fallback families "installed": the first without a bold
-# face (the regular rounded face), the third with one (DejaVu Sans).
+# config.ini and high_score.txt on real files under Wine.
+puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)
+# The landscapes and the pose pictures. A 16384 x 16384 picture takes half a
+# minute: on its own, beside the others.
+puffino_wine_test(pictures COMMAND ${WINE_TEST_PROGRAMS}/picture_tests.exe --gtest_filter=-*HugePicture*)
+puffino_wine_test(pictures.huge COMMAND ${WINE_TEST_PROGRAMS}/picture_tests.exe --gtest_filter=*HugePicture*)
+# The fonts, the outlined text and the labels, with DejaVu Sans for the
+# symbol font so that the button symbols show; then with two of the five
+# fallback families "installed" (the first without a bold face, the regular
+# rounded face; the third with one, DejaVu Sans); then without any usable
+# family: panels without text.
+puffino_wine_test(text REPLACE_FONTS "Segoe UI Symbol=DejaVu Sans"
+  COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=-InstalledFallbacks.*)
 puffino_wine_test(text.installed_fallbacks
   INSTALL_FONTS ${PUFFINO_WINDOWS_BUILD}/Fonts/MPLUSRounded1c-Regular.ttf
   REPLACE_FONTS "HGP創立者角ポップ体 W9=Rounded Mplus 1c" "Yu Kyokasho Yoko=DejaVu Sans"
   COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=InstalledFallbacks.*)
-# The labels, with DejaVu Sans for the symbol font so that the button
-# symbols show; then without any usable family: panels without text.
-puffino_wine_test(labels REPLACE_FONTS "Segoe UI Symbol=DejaVu Sans"
-  COMMAND ${WINE_TEST_PROGRAMS}/labels_tests.exe)
-puffino_wine_test(labels.without_fonts
-  COMMAND ${WINE_TEST_PROGRAMS}/without_fonts/labels_tests.exe --gtest_filter=Labels.EachStays*)
+puffino_wine_test(text.without_fonts
+  COMMAND ${WINE_TEST_PROGRAMS}/without_fonts/text_tests.exe --gtest_filter=Labels.EachStays*)
 
 puffino_e2e_test(shell.two_monitors test_shell.TwoMonitors)
 puffino_e2e_test(shell.left_of_primary test_shell.LeftOfPrimary)
 puffino_e2e_test(shell.shipped_executable test_shell.ShippedExecutable)
 
-# config.ini and high_score.txt on real files under Wine.
-puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)
 puffino_e2e_test(settings.first_start test_settings.FirstStart)
 puffino_e2e_test(settings.hand_edited_config test_settings.HandEditedConfig)
 puffino_e2e_test(settings.guarded_run test_settings.GuardedRun)
