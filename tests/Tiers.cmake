@@ -56,75 +56,58 @@ puffino_wine_test(shell.two_monitors
   COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=TwoMonitors.*)
 puffino_wine_test(shell.left_of_primary HEADS ${LEFT_OF_PRIMARY}
   COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=LeftOfPrimary.*)
-puffino_wine_test(shell.dpi_144 HEADS 1920x1080+0+0 DPI 144
-  COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=HighDpi.*)
-puffino_wine_test(scenery COMMAND ${WINE_TEST_PROGRAMS}/scenery_tests.exe)
 puffino_wine_test(compose COMMAND ${WINE_TEST_PROGRAMS}/compose_tests.exe)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
-puffino_wine_test(penguin_images COMMAND ${WINE_TEST_PROGRAMS}/penguin_images_tests.exe
-  --gtest_filter=-*HugePicture*)
-# A 16384 x 16384 picture takes half a minute: on its own, beside the others.
-puffino_wine_test(penguin_images.huge COMMAND ${WINE_TEST_PROGRAMS}/penguin_images_tests.exe
-  --gtest_filter=*HugePicture*)
-puffino_wine_test(penguin_sprite COMMAND ${WINE_TEST_PROGRAMS}/penguin_sprite_tests.exe)
-puffino_wine_test(text COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe
-  --gtest_filter=-InstalledFallbacks.*)
-# Two of the five fallback families "installed": the first without a bold
-# face (the regular rounded face), the third with one (DejaVu Sans).
+# config.ini and high_score.txt on real files under Wine.
+puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)
+# The landscapes and the pose pictures. A 16384 x 16384 picture takes half a
+# minute: on its own, beside the others.
+puffino_wine_test(pictures COMMAND ${WINE_TEST_PROGRAMS}/picture_tests.exe --gtest_filter=-*HugePicture*)
+puffino_wine_test(pictures.huge COMMAND ${WINE_TEST_PROGRAMS}/picture_tests.exe --gtest_filter=*HugePicture*)
+# The fonts, the outlined text and the labels, with DejaVu Sans for the
+# symbol font so that the button symbols show; then with two of the five
+# fallback families "installed" (the first without a bold face, the regular
+# rounded face; the third with one, DejaVu Sans); then without any usable
+# family: panels without text.
+puffino_wine_test(text REPLACE_FONTS "Segoe UI Symbol=DejaVu Sans"
+  COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=-InstalledFallbacks.*)
 puffino_wine_test(text.installed_fallbacks
   INSTALL_FONTS ${PUFFINO_WINDOWS_BUILD}/Fonts/MPLUSRounded1c-Regular.ttf
   REPLACE_FONTS "HGP創立者角ポップ体 W9=Rounded Mplus 1c" "Yu Kyokasho Yoko=DejaVu Sans"
   COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=InstalledFallbacks.*)
-# The labels, with DejaVu Sans for the symbol font so that the button
-# symbols show; then without any usable family: panels without text.
-puffino_wine_test(labels REPLACE_FONTS "Segoe UI Symbol=DejaVu Sans"
-  COMMAND ${WINE_TEST_PROGRAMS}/labels_tests.exe)
-puffino_wine_test(labels.without_fonts
-  COMMAND ${WINE_TEST_PROGRAMS}/without_fonts/labels_tests.exe --gtest_filter=Labels.EachStays*)
+puffino_wine_test(text.without_fonts
+  COMMAND ${WINE_TEST_PROGRAMS}/without_fonts/text_tests.exe --gtest_filter=Labels.EachStays*)
 
+# The real Puffino.exe: its windows, the launch value and the penguin's long
+# press; the scene, the penguin and every word as a person sees them.
 puffino_e2e_test(shell.two_monitors test_shell.TwoMonitors)
 puffino_e2e_test(shell.left_of_primary test_shell.LeftOfPrimary)
-puffino_e2e_test(shell.shipped_executable test_shell.ShippedExecutable)
-
-# config.ini and high_score.txt on real files under Wine.
-puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)
-puffino_e2e_test(settings.first_start test_settings.FirstStart)
-puffino_e2e_test(settings.hand_edited_config test_settings.HandEditedConfig)
-puffino_e2e_test(settings.guarded_run test_settings.GuardedRun)
-
-# The pose pictures.
-puffino_e2e_test(penguin.damaged_art test_penguin_art.DamagedArt)
+puffino_e2e_test(scene.two_monitors test_scene.TwoMonitors)
 puffino_e2e_test(penguin.on_screen test_penguin.Penguin)
-
-# The play field.
-puffino_e2e_test(play.penguin_and_buttons test_play.PenguinAndButtons)
-
-# The release: installer, zip, and the README's screenshots.
-puffino_e2e_test(release.installer test_release.Installer)
-puffino_e2e_test(release.unpacked_zip test_release.UnpackedZip.test_unpacks_into_one_folder_of_the_shipped_files_and_plays)
-puffino_e2e_test(release.zip_drawing test_release.UnpackedZip.test_the_penguin_and_the_finish_label_show)
-puffino_e2e_test(release.reproducible_zip test_release.ReproducibleZip)
+puffino_e2e_test(labels.at_96_dpi test_labels.Labels.test_labels_then_ten_points_bring_praise_and_the_sound_button_flips)
+puffino_e2e_test(labels.at_144_dpi test_labels.Labels.test_at_144_dpi_every_label_is_written_half_again_as_large)
+# The child stays in, nothing leaks out.
+puffino_e2e_test(security.keyboard_guard test_security.KeyboardGuard)
+puffino_e2e_test(security.no_trace test_security.LeavesNoTrace)
+# Faults lived through: display and DPI changes mid-play, missing fonts and
+# missing or damaged pose pictures, no sound device; an unusable best-score
+# file or folder, and the end of play reached twice at once.
+puffino_e2e_test(faults.play_goes_on test_faults.PlayGoesOn)
+puffino_e2e_test(faults.best_score_and_app_data test_faults.BestScoreAndAppData)
+# The release: installer, zip and the shipped exe.
+puffino_e2e_test(release test_release)
 # Made into the build tree on every test run, so a change that stops the demo
 # from making them fails here; ./puffino screenshots makes the committed ones.
 add_test(NAME e2e.screenshots
          COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/screenshots.py ${CMAKE_BINARY_DIR}/screenshots)
 set_tests_properties(e2e.screenshots PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2e
                      ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
-# The scene as a person sees it, and the best score a pop leaves on disk.
-puffino_e2e_test(scene.two_monitors test_scene.TwoMonitors)
-puffino_e2e_test(scene.best_score test_scene.BestScore)
-# The child stays in, nothing leaks out.
-puffino_e2e_test(security.shortcuts test_security.ShortcutsAToddlerHits)
-puffino_e2e_test(security.no_trace test_security.LeavesNoTrace)
 # A minute of a toddler's play on two monitors at 144 DPI; ./puffino soak
 # runs it for longer.
 add_test(NAME e2e.soak COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/soak.py --minutes 1
          --out ${CMAKE_BINARY_DIR}/test-artifacts/soak)
 set_tests_properties(e2e.soak PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2e
                      ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
-# Every word on the home monitor at 96 and 144 DPI.
-puffino_e2e_test(labels.at_96_dpi test_labels.Labels.test_labels_then_ten_points_bring_praise_and_the_sound_button_flips)
-puffino_e2e_test(labels.at_144_dpi test_labels.Labels.test_at_144_dpi_every_label_is_written_half_again_as_large)
 
 # The fuzzers: a few seconds each (label fuzz), from the committed seeds and
 # what earlier runs kept in build/fuzz/corpus; `./puffino fuzz` runs them
@@ -142,11 +125,3 @@ foreach(source IN LISTS FUZZER_SOURCES)
                    -artifact_prefix=${PUFFINO_FUZZ_BUILD}/artifacts/${name}- ${corpora})
   set_tests_properties(fuzz.${short} PROPERTIES LABELS fuzz TIMEOUT 120)
 endforeach()
-
-# Faults lived through: display and DPI changes mid-play, missing fonts and
-# pose pictures, no sound device, an unusable best-score file or folder, and
-# the end of play reached twice at once.
-puffino_e2e_test(faults.mid_play_changes test_faults.MidPlayChanges)
-puffino_e2e_test(faults.missing_parts test_faults.MissingParts)
-puffino_e2e_test(faults.no_sound_device test_faults.NoSoundDevice)
-puffino_e2e_test(faults.best_score_and_app_data test_faults.BestScoreAndAppData)

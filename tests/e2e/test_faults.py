@@ -6,26 +6,20 @@ twice at once. After each, play goes on (or ends) as a parent expects, and
 nothing the program promises to keep is lost. What happened is read off the
 screen by the program's own colours on the 1920x1080 home monitor."""
 
-import os
 import shutil
-import stat
 import subprocess
 import time
 import unittest
 
 import numpy
 
+from play_session import (DEFAULT_CONFIG, VK_F4, WM_DISPLAYCHANGE, WM_GUARDED_KEY, WS_EX_TOPMOST, PlaySession,
+                          config_bytes, unwritable)
+from scene_session import OTHER, SceneSession
 from scene_sight import Grabber, save_png
-from test_scene import SceneSession
-from test_settings import DEFAULT_CONFIG, config_bytes
-from wine_session import PROBE_EXE, PUFFINO_EXE, TWO_MONITORS, WINDOWS_BUILD, WineSession
+from wine_session import PROBE_EXE, PUFFINO_EXE, WINDOWS_BUILD
 
-WM_CLOSE = 0x10
-WM_DISPLAYCHANGE = 0x7E
-WM_GUARDED_KEY = 0x8001
-VK_F4 = 0x73
 DISPLAY_CHANGE = (WM_DISPLAYCHANGE, 32, 1920 | 1080 << 16)  # bits per pixel, size
-OTHER = (1920, 0, 3200, 1024)  # the monitor right of the home monitor
 
 # The home monitor at 96 dpi: the penguin stands above the finish button,
 # its hint balloon to its left.
@@ -77,63 +71,20 @@ def label_text(frame):
     return count(frame, FINISH, LABEL_TEXT)
 
 
-def make_unwritable(path):
-    """Gives the file or folder the read-only attribute as Windows knows it
-    (Wine shows missing write permission as that). Permissions do not stop
-    root, as whom these tests may run: then the entry is made immutable as
-    well. Returns what undoes it (once, however often it is called)."""
-    mode = stat.S_IMODE(path.stat().st_mode)
-    path.chmod(mode & ~0o222)
-    immutable = os.geteuid() == 0
-    if immutable:
-        subprocess.run(["chattr", "+i", str(path)], check=True)
-    undone = []
-
-    def undo():
-        if not undone:
-            undone.append(True)
-            if immutable:
-                subprocess.run(["chattr", "-i", str(path)], check=True)
-            path.chmod(mode)
-    return undo
-
-
-class FaultSession(unittest.TestCase):
-    """One Wine session for the class, with its sound captured; every test
-    starts its own Puffino and leaves it ended."""
-    heads = TWO_MONITORS
+class PlayGoesOn(PlaySession):
+    """One Wine session with its sound captured; every test starts its own
+    Puffino and leaves it ended."""
+    session_options = {"sound_capture": True}
 
     @classmethod
     def setUpClass(cls):
-        cls.session = WineSession(cls.__name__, heads=cls.heads, sound_capture=True).__enter__()
+        super().setUpClass()
         cls.grabber = Grabber(cls.session.xvfb.display, cls.session.width, cls.session.height)
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.grabber.close()
-        cls.session.__exit__(None, None, None)
+        cls.addClassCleanup(cls.grabber.close)
 
     def start(self, exe=PUFFINO_EXE, env=None):
         self.chirps_before = len(self.chirps())
-        self.process, windows = self.session.start_puffino(2, env=env, exe=exe)
-
-        def end_if_running():
-            self.session.xdotool("mouseup", 1)  # a failed hold leaves no button down
-            if self.process.poll() is None:
-                self.session.post(self.session.windows()[0]["hwnd"], WM_CLOSE)
-                self.session.wait_exit(self.process)
-        self.addCleanup(end_if_running)
-        return windows
-
-    def end(self, windows):
-        """Ends play as a parent would and checks the exit code."""
-        self.session.post(self.home(windows)["hwnd"], WM_CLOSE)
-        self.assertEqual(self.session.wait_exit(self.process), 0)
-        self.assertEqual(self.session.windows(), [])
-
-    @staticmethod
-    def home(windows):
-        return next(w for w in windows if w["rect"][:2] == [0, 0])
+        return super().start(exe, env)
 
     def grab(self, name=None):
         """The X screen now; with a name, also kept as a PNG to look at."""
@@ -184,9 +135,6 @@ class FaultSession(unittest.TestCase):
             shutil.copytree(WINDOWS_BUILD / part, folder / part)
         return folder
 
-
-class MidPlayChanges(FaultSession):
-
     def test_display_change_cancels_a_press_and_a_hold_and_play_goes_on(self):
         windows = self.start()
         # The display change arrives while the press on the penguin is being
@@ -228,7 +176,7 @@ class MidPlayChanges(FaultSession):
         # The frame timer runs on the new home window: bubbles rise on the
         # other monitor's new window.
         self.session.wait_for(lambda: self.moving(OTHER), "bubbles moving after the rebuild")
-        self.end(windows)
+        self.end(self.home(windows))
 
     def test_dpi_change_of_the_home_window_lays_it_out_anew(self):
         windows = self.start()
@@ -249,30 +197,39 @@ class MidPlayChanges(FaultSession):
                          [[1920, 0, 3200, 1024]], "the other window untouched")
         # The press goes where the button is now drawn.
         self.session.xdotool("mousemove", 1422, 830, "click", 1)
-        self.assertEqual(self.session.wait_exit(self.process), 0)
+        self.assert_ended()
 
-
-class MissingParts(FaultSession):
-    """Puffino copied into a folder without some of what ships beside it."""
-
-    def test_without_fonts_or_pose_pictures_play_runs_on(self):
+    def test_without_fonts_or_with_missing_or_damaged_pose_pictures_play_runs_on(self):
+        """Puffino copied into a folder without some of what ships beside it,
+        or beside pose pictures that do not decode, an empty file and a
+        folder with a picture's name: passed over without a message."""
+        def damage(art):
+            (art / "idle.png").write_bytes(b"\x89PNG\r\n\x1a\n" + b"cut short")
+            (art / "yatta.png").write_bytes(b"")
+            (art / "bubble.png").unlink()
+            (art / "bubble.png").mkdir()
         cases = [
             # what is missing, what ships, label text shown, penguin shown
             ("no Fonts folder", ["assets"], False, True),
             ("no pose pictures", ["Fonts"], True, False),
+            ("damaged pose pictures", ["Fonts", "assets"], True, None),
         ]
         for name, parts, text, penguin in cases:
             with self.subTest(name):
-                windows = self.start(exe=self.copy_program(name.replace(" ", "-"), parts) / "Puffino.exe")
+                folder = self.copy_program(name.replace(" ", "-"), parts)
+                if penguin is None:
+                    damage(folder / "assets" / "penguin")
+                windows = self.start(exe=folder / "Puffino.exe")
                 frame = self.grab(name.replace(" ", "-"))
                 self.assertGreater(count(frame, FINISH, FINISH_FACE), 20000, "the finish button")
                 self.assertEqual(label_text(frame) > 200, text, label_text(frame))
-                self.assertEqual(count(frame, PENGUIN, PENGUIN_BLUE) > 3000, penguin)
+                if penguin is not None:
+                    self.assertEqual(count(frame, PENGUIN, PENGUIN_BLUE) > 3000, penguin)
                 # The penguin's place still answers a hold, drawn or not.
                 self.session.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
                 self.session.wait_for(self.new_chirps, "the blow chirp")
                 self.session.xdotool("mouseup", 1)
-                self.end(windows)
+                self.end(self.home(windows))
 
     def test_font_files_deleted_while_playing_change_nothing(self):
         folder = self.copy_program("fonts-deleted", ["Fonts", "assets"])
@@ -286,19 +243,17 @@ class MissingParts(FaultSession):
                                       "the finish button drawn again")[0]
         self.keep(frame, "redrawn")
         self.assertGreater(label_text(frame), 200, "the faces stay loaded")
-        self.end(windows)
+        self.end(self.home(windows))
 
-
-class NoSoundDevice(FaultSession):
-    """No sound device in two ways Wine has: every audio driver switched off
-    (the device enumerator cannot even be made), and a driver that finds no
-    playback device (the enumerator has no default endpoint). Sounds go
-    nowhere, and the volume clamp gives up at a different step each time."""
-
-    def test_silent_play_with_a_volume_ceiling(self):
-        folder = self.session.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
-        folder.mkdir(parents=True)
-        (folder / "config.ini").write_bytes(config_bytes("[Puffino]", "VolumeClampPercent=35"))
+    def test_no_sound_device_silent_play_with_a_volume_ceiling(self):
+        """No sound device in two ways Wine has: every audio driver switched
+        off (the device enumerator cannot even be made), and a driver that
+        finds no playback device (the enumerator has no default endpoint).
+        Sounds go nowhere, and the volume clamp gives up at a different step
+        each time."""
+        self.write_config(config_bytes("[Puffino]", "VolumeClampPercent=35"))
+        self.addCleanup((self.session.app_data() / "config.ini").unlink)
+        heard = len(self.session.sound_streams())
         cases = {
             "drivers switched off":
                 {"WINEDLLOVERRIDES": self.session.env["WINEDLLOVERRIDES"] + ";winealsa.drv,winepulse.drv,wineoss.drv=d"},
@@ -310,13 +265,13 @@ class NoSoundDevice(FaultSession):
                 self.session.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
                 self.session.wait_for(lambda: blowing(self.grab()), "the penguin blowing")
                 self.session.xdotool("mouseup", 1)
-                self.assertEqual(self.session.sound_streams(), [], "nothing reached any sound device")
+                self.assertEqual(len(self.session.sound_streams()), heard, "nothing reached any sound device")
                 # The topmost tick ends with the clamp: it runs and finds nothing.
                 self.session.probe("notopmost", self.home(windows)["hwnd"])
-                self.session.wait_for(lambda: all(w["exstyle"] & 0x8 for w in self.session.windows()),
+                self.session.wait_for(lambda: all(w["exstyle"] & WS_EX_TOPMOST for w in self.session.windows()),
                                       "the topmost tick")
                 self.assertIsNone(self.process.poll())
-                self.end(windows)
+                self.end(self.home(windows))
 
 
 class BestScoreAndAppData(unittest.TestCase):
@@ -326,38 +281,12 @@ class BestScoreAndAppData(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.scene = SceneSession(cls.__name__, cls.addClassCleanup)
-        users = [p for p in (cls.scene.session.prefix / "drive_c" / "users").iterdir() if p.name != "Public"]
-        cls.roaming = users[0] / "AppData" / "Roaming"
-        cls.folder = cls.roaming / "morvenda" / "Tonkari" / "Puffino"
+        cls.folder = cls.scene.session.app_data()
+        cls.roaming = cls.folder.parents[2]
 
     def pop(self):
-        """Clicks the middle of a whole bubble that no other bubble touches,
-        on either monitor, with Puffino held still, until a pop is heard.
-        (As play goes on the screen fills with bubbles: one far from all
-        others, as a burst needs to be seen, gets rare.)"""
-        scene = self.scene
-        for _ in range(30):
-            self.assertIsNone(scene.process.poll(), "Puffino still playing")
-            heard = scene.sounds_heard()
-            with scene.session.frozen(scene.process):
-                _, frame = scene.sight.grab()
-                found = [b for monitor in scene.sight.monitors for b in scene.sight.blobs(frame, monitor, join=3)]
-                free = [b for b in found if b.one_bubble() and all(
-                    other is b or other.left > b.right + 8 or other.right < b.left - 8
-                    or other.top > b.bottom + 8 or other.bottom < b.top - 8 for other in found)]
-                if free:
-                    scene.session.xdotool("mousemove", *[round(c) for c in free[0].centre], "click", 1)
-            if not free:
-                time.sleep(0.3)  # bubbles rise into view
-                continue
-            try:
-                # Long enough for a busy machine: a pop whose sound came late
-                # would be popped again, and counted twice.
-                scene.session.wait_for(lambda: scene.sounds_heard() > heard, "a pop sound", timeout=15)
-                return
-            except AssertionError:
-                continue
-        raise AssertionError("no bubble could be popped")
+        self.assertIsNone(self.scene.process.poll(), "Puffino still playing")
+        self.scene.pop_a_bubble(anywhere=True)
 
     def test_best_score_file_taken_away_while_playing_then_the_end_twice_at_once(self):
         best = self.folder / "high_score.txt"
@@ -369,7 +298,7 @@ class BestScoreAndAppData(unittest.TestCase):
         # Read-only: the pop that raises the best cannot write, and the old
         # file stays as it was.
         written = best.stat().st_mtime_ns
-        writable_again = make_unwritable(best)
+        writable_again = unwritable(best)
         self.addCleanup(writable_again)
         self.pop()
         self.assertEqual((best.read_bytes(), best.stat().st_mtime_ns), (first, written))
@@ -409,7 +338,7 @@ class BestScoreAndAppData(unittest.TestCase):
                     restore = lambda: self.roaming.mkdir(exist_ok=True)
                 else:
                     before = sorted(self.roaming.iterdir())
-                    restore = make_unwritable(self.roaming)
+                    restore = unwritable(self.roaming)
                 self.addCleanup(restore)
                 try:
                     self.scene.start()

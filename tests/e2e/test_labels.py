@@ -63,8 +63,8 @@ class Labels(unittest.TestCase):
     def start(self, learn=True, **options):
         self.scene = SceneSession(f"{type(self).__name__}-{self._testMethodName}", self.addCleanup,
                                   font_replacements={"Segoe UI Symbol": "DejaVu Sans"}, **options)
-        self.scene.app_data().mkdir(parents=True)
-        (self.scene.app_data() / "config.ini").write_bytes(
+        self.scene.session.app_data().mkdir(parents=True)
+        (self.scene.session.app_data() / "config.ini").write_bytes(
             "\ufeff[UI]\r\nLanguage=ja\r\n".encode("utf-16-le"))
         self.scene.start(learn)
         self.sight = self.scene.sight

@@ -1,7 +1,6 @@
 """What a person sees of the scene in the real Puffino.exe on two monitors:
-a landscape on each, soap bubbles rising on both and nothing else moving, a
-click that bursts a bubble into a ring and droplets, and the best score that
-pop leaves on disk. Bubbles are found by their pixels: whatever differs from
+a landscape on each, soap bubbles rising on both and nothing else moving, and
+a click that bursts a bubble into a ring and droplets. Bubbles are found by their pixels: whatever differs from
 the landscape each monitor ought to show."""
 
 import time
@@ -10,11 +9,11 @@ import unittest
 import numpy
 
 from scene_session import HOME, HOME_LABELS, OTHER, SceneSession
+from scene_sight import BUBBLE_SPAN
 
 # The praise word in the middle of the home monitor (a gold bubble's pop
 # brings one) is no bubble either.
 LEFT_OUT = HOME_LABELS + ((600, 300, 1320, 600),)
-from scene_sight import BUBBLE_SPAN
 
 
 def same_bubble_later(earlier, later, seconds):
@@ -102,36 +101,6 @@ class TwoMonitors(unittest.TestCase):
         self.scene.session.wait_for(lambda: not self.sight.differing(self.sight.grab()[1],
                                                                      (x - 60, y - 60, x + 60, y + 60)).any(),
                                     "the landscape back where the bubble burst", timeout=15)
-
-
-class BestScore(unittest.TestCase):
-    """The best score file as a pop leaves it: the file is read at start-up
-    and written on every pop that raises the best."""
-
-    def setUp(self):
-        self.scene = SceneSession(f"{type(self).__name__}-{self._testMethodName}", self.addCleanup)
-        self.file = self.scene.app_data() / "high_score.txt"
-
-    def test_the_first_pop_ever_writes_one(self):
-        self.scene.start()
-        self.assertFalse(self.file.exists())
-        self.scene.pop_a_bubble()
-        self.assertEqual(self.scene.close(), 0)
-        # One point, or five for a gold bubble; a pop heard late on a busy
-        # machine may have been followed by another.
-        saved = self.file.read_bytes()
-        self.assertRegex(saved, rb"^[1-9][0-9]?\r\n$")
-        self.assertLessEqual(int(saved), 10)
-
-    def test_a_best_of_42_with_trailing_words_outlives_a_pop(self):
-        self.file.parent.mkdir(parents=True)
-        self.file.write_bytes(b"  42 trailing words")
-        written = self.file.stat().st_mtime_ns
-        self.scene.start()
-        self.scene.pop_a_bubble()  # score 1: read as 42, the best is not raised
-        self.assertEqual(self.scene.close(), 0)
-        self.assertEqual(self.file.read_bytes(), b"  42 trailing words")
-        self.assertEqual(self.file.stat().st_mtime_ns, written)
 
 
 if __name__ == "__main__":

@@ -1,8 +1,7 @@
 // The tests' eyes and hands inside a Wine session: lists Puffino's windows
-// as the system sees them, reports the monitors, and posts messages.
+// as the system sees them, and posts messages.
 // Output is one JSON document on stdout.
 //   probe windows               every top-level "PuffinoWindow"
-//   probe monitors              virtual screen and monitor rectangles
 //   probe post HWND MSG WP LP   PostMessageW (numbers in decimal)
 //   probe notopmost HWND        takes the window out of the topmost band,
 //                               then reports its extended styles
@@ -64,23 +63,13 @@ BOOL CALLBACK ListWindow(HWND hwnd, LPARAM data) {
     char buffer[512];
     std::snprintf(buffer, sizeof buffer,
                   "{\"hwnd\": %llu, \"pid\": %lu, \"title\": \"%s\", \"style\": %lu, \"exstyle\": %lu, "
-                  "\"rect\": %s, \"visible\": %s, \"foreground\": %s, \"zorder\": %zu}",
+                  "\"rect\": %s, \"visible\": %s, \"foreground\": %s}",
                   static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(hwnd)), pid,
                   Utf8(title).c_str(), static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_STYLE)),
                   static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)), RectJson(rect).c_str(),
                   IsWindowVisible(hwnd) ? "true" : "false",
-                  GetForegroundWindow() == hwnd ? "true" : "false", found.items.size());
+                  GetForegroundWindow() == hwnd ? "true" : "false");
     found.items.push_back(buffer);
-    return TRUE;
-}
-
-BOOL CALLBACK ListMonitor(HMONITOR monitor, HDC, LPRECT, LPARAM data) {
-    auto& found = *reinterpret_cast<Found*>(data);
-    MONITORINFO info{};
-    info.cbSize = sizeof info;
-    if (!GetMonitorInfoW(monitor, &info)) return TRUE;
-    found.items.push_back("{\"rect\": " + RectJson(info.rcMonitor) + ", \"primary\": " +
-                          ((info.dwFlags & MONITORINFOF_PRIMARY) ? "true" : "false") + "}");
     return TRUE;
 }
 
@@ -97,29 +86,25 @@ int Windows() {
     return 0;
 }
 
-int Monitors() {
-    Found found;
-    EnumDisplayMonitors(nullptr, nullptr, ListMonitor, reinterpret_cast<LPARAM>(&found));
-    std::printf("{\"virtual\": [%d, %d, %d, %d], \"dpi\": %u, \"monitors\": ",
-                GetSystemMetrics(SM_XVIRTUALSCREEN), GetSystemMetrics(SM_YVIRTUALSCREEN),
-                GetSystemMetrics(SM_CXVIRTUALSCREEN), GetSystemMetrics(SM_CYVIRTUALSCREEN),
-                GetDpiForSystem());
-    PrintArray(found.items);
-    std::printf("}\n");
-    return 0;
+HWND HandleArg(const wchar_t* text) {
+    return reinterpret_cast<HWND>(static_cast<uintptr_t>(std::wcstoull(text, nullptr, 10)));
+}
+
+// Posts argv[3..5] as message, wParam and lParam.
+BOOL PostArgs(HWND hwnd, wchar_t** argv) {
+    return PostMessageW(hwnd, static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10)),
+                        static_cast<WPARAM>(std::wcstoull(argv[4], nullptr, 10)),
+                        static_cast<LPARAM>(std::wcstoll(argv[5], nullptr, 10)));
 }
 
 int Post(wchar_t** argv) {
-    const auto hwnd = reinterpret_cast<HWND>(static_cast<uintptr_t>(std::wcstoull(argv[2], nullptr, 10)));
-    const BOOL ok = PostMessageW(hwnd, static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10)),
-                                 static_cast<WPARAM>(std::wcstoull(argv[4], nullptr, 10)),
-                                 static_cast<LPARAM>(std::wcstoll(argv[5], nullptr, 10)));
+    const BOOL ok = PostArgs(HandleArg(argv[2]), argv);
     std::printf("{\"posted\": %s}\n", ok ? "true" : "false");
     return ok ? 0 : 3;
 }
 
 int NotTopmost(wchar_t** argv) {
-    const auto hwnd = reinterpret_cast<HWND>(static_cast<uintptr_t>(std::wcstoull(argv[2], nullptr, 10)));
+    const HWND hwnd = HandleArg(argv[2]);
     const BOOL ok = SetWindowPos(hwnd, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     // The styles right afterwards, before the window's owner can put the
     // flag back.
@@ -166,10 +151,6 @@ int Resources(wchar_t** argv) {
     return 0;
 }
 
-HWND HandleArg(const wchar_t* text) {
-    return reinterpret_cast<HWND>(static_cast<uintptr_t>(std::wcstoull(text, nullptr, 10)));
-}
-
 int DpiChanged(wchar_t** argv) {
     const HWND hwnd = HandleArg(argv[2]);
     const UINT dpi = static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10));
@@ -203,9 +184,7 @@ int PostOnCapture(wchar_t** argv) {
         if (GetTickCount() - start > 30000) return 4;
         Sleep(1);
     }
-    const BOOL ok = PostMessageW(hwnd, static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10)),
-                                 static_cast<WPARAM>(std::wcstoull(argv[4], nullptr, 10)),
-                                 static_cast<LPARAM>(std::wcstoll(argv[5], nullptr, 10)));
+    const BOOL ok = PostArgs(hwnd, argv);
     std::printf("{\"posted\": %s, \"waited\": %lu}\n", ok ? "true" : "false", GetTickCount() - start);
     return ok ? 0 : 3;
 }
@@ -217,13 +196,12 @@ int wmain(int argc, wchar_t** argv) {
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     const std::wstring command = argc > 1 ? argv[1] : L"";
     if (command == L"windows") return Windows();
-    if (command == L"monitors") return Monitors();
     if (command == L"post" && argc == 6) return Post(argv);
     if (command == L"notopmost" && argc == 3) return NotTopmost(argv);
     if (command == L"resources" && argc == 3) return Resources(argv);
     if (command == L"dpichanged" && argc == 8) return DpiChanged(argv);
     if (command == L"post-on-capture" && argc == 6) return PostOnCapture(argv);
-    std::fprintf(stderr, "usage: probe windows | monitors | post HWND MSG WPARAM LPARAM | notopmost HWND |\n"
+    std::fprintf(stderr, "usage: probe windows | post HWND MSG WPARAM LPARAM | notopmost HWND |\n"
                          "       resources PID |\n"
                          "       dpichanged HWND DPI LEFT TOP RIGHT BOTTOM | post-on-capture HWND MSG WPARAM LPARAM\n");
     return 2;

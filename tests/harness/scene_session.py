@@ -68,11 +68,6 @@ class SceneSession:
         self.cleanups, self.hidden = cleanups, hidden
         cleanups(self.session.__exit__, None, None, None)
 
-    def app_data(self):
-        """Puffino's folder in the Windows user's roaming AppData (made on
-        the first start; a test may fill it before)."""
-        return self.session.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
-
     def start(self, learn=True):
         """Starts Puffino; learn=False leaves the landscapes unknown (for a
         look at labels only, which may hide too much of a landscape to tell
@@ -137,19 +132,31 @@ class SceneSession:
                 return blob
         return None
 
-    def pop_a_bubble(self):
+    def free_bubble(self, frame):
+        """A whole bubble on either monitor that touches no other: as play
+        goes on the screen fills with bubbles, and an isolated one gets rare.
+        None if none."""
+        found = [b for monitor in self.sight.monitors for b in self.sight.blobs(frame, monitor, join=3)]
+        return next((b for b in found if b.one_bubble() and all(
+            o is b or o.left > b.right + 8 or o.right < b.left - 8 or o.top > b.bottom + 8 or o.bottom < b.top - 8
+            for o in found)), None)
+
+    def pop_a_bubble(self, anywhere=False):
         """Clicks the middle of a bubble while Puffino stands still, so that
         the bubble cannot rise away from the aim, and waits for the pop
-        sound; returns the click point and the bubble as it was clicked.
-        Tries for up to a minute: after a few pops the second monitor may
-        take a while to show a bubble on its own again."""
+        sound; returns the click point and the bubble as it was clicked. The
+        bubble is an isolated one, or anywhere a free one (a pop whose sound
+        comes late on a busy machine is then given longer, so as not to be
+        popped and counted again). Tries for up to a minute: after a few pops
+        a monitor may take a while to show a bubble on its own again."""
+        choose, patience = (self.free_bubble, 15) if anywhere else (self.isolated_bubble, 5)
         unheard = empty = 0
         end = time.monotonic() + 60
         while time.monotonic() < end:
             heard = self.sounds_heard()
             with self.session.frozen(self.process):
                 _, frame = self.sight.grab()
-                bubble = self.isolated_bubble(frame)
+                bubble = choose(frame)
                 if bubble:
                     point = [round(c) for c in bubble.centre]
                     self.session.xdotool("mousemove", *point, "click", 1)
@@ -158,7 +165,7 @@ class SceneSession:
                 time.sleep(0.5)  # wait for bubbles to rise into view
                 continue
             try:
-                self.session.wait_for(lambda: self.sounds_heard() > heard, "a pop sound", timeout=5)
+                self.session.wait_for(lambda: self.sounds_heard() > heard, "a pop sound", timeout=patience)
             except AssertionError:
                 unheard += 1
                 continue

@@ -250,6 +250,7 @@ class WineSession:
                 pass
         return {"samples": int(stat["Samples read"]), "max": stat["Maximum amplitude"],
                 "min": stat["Minimum amplitude"], "frequency": stat["Rough   frequency"]}
+
     def replace_fonts(self, replacements):
         """Wine's font replacements: each family name (which need not be
         installed) stands for an installed font, e.g. {"Segoe UI Symbol":
@@ -272,6 +273,11 @@ class WineSession:
         if len(users) != 1:
             raise RuntimeError(f"expected one user folder in the prefix: {users}")
         return users[0]
+
+    def app_data(self):
+        """Puffino's folder in the Windows user's roaming AppData (made on
+        the first start; a test may fill it before)."""
+        return self.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
 
     # -- programs ------------------------------------------------------------
 

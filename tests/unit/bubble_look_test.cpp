@@ -65,26 +65,6 @@ TEST(BubbleLook, NormalAndGoldBubblesPaintTheirStepsInOrder) {
     EXPECT_FLOAT_EQ(small.ellipses[3].penWidth, 2.5f);
 }
 
-TEST(BubbleLook, GoldHaloPulsesOutOfStep) {
-    const struct {
-        float animClock, phase;
-        uint32_t alpha;
-        float radius;  // times r
-    } cases[] = {
-        {0, -kHalfPi, 18, 1.192f},              // sin -1: faintest and smallest
-        {0, kHalfPi, 180, 1.30f},               // sin +1: strongest and largest
-        {0.2f * kHalfPi, 0, 180, 1.30f},        // the clock runs five times as fast as the phase
-        {0.2f * kHalfPi, kHalfPi * 2, 18, 1.192f},  // the same clock, another phase
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(::testing::Message() << c.animClock << " " << c.phase);
-        const EllipseLook halo = BubbleLookFor(MakeBubble(0, 0, 20, {255, 215, 70}, true, c.phase), c.animClock).ellipses[2];
-        EXPECT_EQ(halo.argb >> 24, c.alpha);
-        EXPECT_EQ(halo.argb & 0xFFFFFF, 0xFFDC28u);
-        EXPECT_NEAR(halo.box.width / 2, c.radius * 20, 1e-3f);
-    }
-}
-
 TEST(BubbleLook, EverythingStaysInsideTheBubblesBox) {
     // The repaint bookkeeping erases exactly BubbleBounds: a stroke or
     // highlight outside it would leave a trail. Half a pen reaches outward,

@@ -1,6 +1,6 @@
-// Bubbles and pop effects: the draws a spawn makes, the full list and the
-// owed gold bubble, the monitors' share of ambient bubbles, motion and
-// expiry, the hit test, and the caps of the effects.
+// Bubbles and pop effects: the full list and the owed gold bubble, the
+// monitors' share of ambient bubbles, motion and expiry, the hit test, and
+// the caps of the effects.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,24 +15,6 @@
 namespace {
 
 const Bubble kStill{100, 500, 20, -0.0f, 0, 0, 0, 1, 2, 3, false, false};
-
-TEST(SpawnBubble, DrawsInTheStatedOrder) {
-    ResetWorld(5);
-    g_dpiScale = 1.25f;
-    // By hand: radius, speed, phase, phase step, sway, tint; a forced gold
-    // bubble then skips the gold draw and draws its speed-up.
-    const float radius = RandomRange(18, 44) * 1.25f, speed = -(RandomRange(1.1f, 2.4f) * 1.25f) * 0.5f;
-    const float phase = RandomRange(0, 6.28f), step = RandomRange(0.03f, 0.08f), sway = RandomRange(0.6f, 1.8f) * 1.25f;
-    RandomInt(0, 5);
-    const float speedUp = RandomRange(4.2f, 5.8f), next = RandomUnit();
-    SeedRandom(5);
-    ASSERT_TRUE(SpawnBubble(300, 700, 0.5f, true, true));
-    const Bubble& b = g_playField.bubbles.at(0);
-    EXPECT_TRUE(b.x == 300 && b.y == 700 + radius && b.radius == radius * 0.88f) << "top at y before the shrink";
-    EXPECT_TRUE(b.vy == speed * speedUp && b.phase == phase && b.phaseStep == step && b.sway == sway * 0.55f);
-    EXPECT_TRUE(b.gold && b.fromPenguin && b.red == 255 && b.green == 215 && b.blue == 70);
-    EXPECT_EQ(RandomUnit(), next);
-}
 
 TEST(SpawnBubble, AFullListDrawsNothingAndALostGoldBubbleIsOwed) {
     ResetWorld(17);

@@ -1,8 +1,7 @@
-// What the frame hands to the home window's drawers: the button faces and
-// when the instruction pill shows.
+// When the frame hands the instruction pill to the home window's drawers
+// (the button faces it hands them are proven by the frame composition's
+// Windows-side tests).
 #include <gtest/gtest.h>
-
-#include <string>
 
 #include "app/display_windows.h"
 #include "play/play_field.h"
@@ -11,36 +10,6 @@
 #include "tests/unit/fake_platform.h"
 
 namespace {
-
-std::wstring Text(const wchar_t* text) { return text ? text : L"(none)"; }
-
-TEST(FrameLayers, ButtonFacesByKind) {
-    const struct {
-        int32_t kind;
-        bool sound;
-        ColourRef body, border;
-        std::wstring symbol, label;
-        int32_t symbolSize;
-    } cases[] = {
-        {kFinishButton, true, 0xC0BCE8, 0x8E84BA, L"✖", L"おわりにする", 28},
-        {kSoundButton, true, 0xB0DAEC, 0x6C9EBC, L"♪", L"(none)", 34},
-        {kSoundButton, false, 0xB0DAEC, 0x6C9EBC, L"✕", L"(none)", 34},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(::testing::Message() << c.kind << " sound " << c.sound);
-        ButtonFace face;
-        ASSERT_TRUE(ButtonFaceFor(c.kind, c.sound, face));
-        EXPECT_EQ(face.body, c.body);
-        EXPECT_EQ(face.border, c.border);
-        EXPECT_EQ(Text(face.symbol), c.symbol);
-        EXPECT_EQ(Text(face.label), c.label);
-        EXPECT_EQ(face.symbolSize, c.symbolSize);
-    }
-    for (int32_t unknown : {0, 1, 4, -3}) {
-        ButtonFace face;
-        EXPECT_FALSE(ButtonFaceFor(unknown, true, face)) << unknown;
-    }
-}
 
 TEST(FrameLayers, InstructionPillShowsUntilTheTenthPoint) {
     const struct {

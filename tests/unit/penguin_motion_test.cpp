@@ -47,21 +47,6 @@ TEST(PenguinMotion, CrossFadesOnlyIntoTheCelebrationsOwnPicture) {
     }
 }
 
-TEST(PenguinMotion, HopsLiftByTheStandingHeightAndSquashAtTheGround) {
-    const struct { float phase, bottom, height; } cases[] = {
-        {0, 954, 216},                         // take-off: 90 % tall
-        {0.25f * 0.85f, 954 - 68.4f, 238.5f},  // a quarter through the first hop
-        {3.5f * 0.85f, 954 - 56.544f, 240},    // top of the fourth (lower) hop
-        {4.5f * 0.85f, 954 - 91.2f, 240},      // top of the fifth
-        {7.65f, 954, 240},                     // the hops are over
-    };
-    for (const auto& c : cases) {
-        const HopPose hop = HopAt(c.phase, 954, 240);
-        EXPECT_NEAR(hop.bottom, c.bottom, 2e-3) << c.phase;
-        EXPECT_NEAR(hop.height, c.height, 2e-3) << c.phase;
-    }
-}
-
 TEST(PenguinMotion, BobsWobblesAndKeepsTheMouthOverTheBeak) {
     const float peakBob = std::numbers::pi_v<float> / 4, peakWobble = std::numbers::pi_v<float> / 6;
     const struct {

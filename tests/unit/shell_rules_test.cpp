@@ -1,11 +1,10 @@
-// The shell's pure rules: DPI scale, volume ceiling, pointer positions and
-// play-field points.
+// The shell's pure rules: DPI scale, pointer positions and play-field points.
 #include <gtest/gtest.h>
 
 #include "app/display_windows.h"
-#include "tests/printers.h"
 #include "app/pointer_points.h"
 #include "app/shell.h"
+#include "tests/printers.h"
 
 namespace {
 
@@ -16,36 +15,24 @@ TEST(DpiScale, FromWindowDpi) {
     for (const auto& c : cases) EXPECT_FLOAT_EQ(DpiScaleFromDpi(c.dpi), c.scale) << c.dpi;
 }
 
-TEST(VolumeCeiling, FromConfiguredPercent) {
-    const struct { int32_t percent; float level; } cases[] = {
-        {0, -1.0f}, {35, 0.35f}, {1, 0.01f}, {100, 1.0f}, {101, -1.0f}, {-5, -1.0f},
-    };
-    for (const auto& c : cases) EXPECT_FLOAT_EQ(VolumeClampLevel(c.percent), c.level) << c.percent;
-}
-
-TEST(PointerPoints, TouchSynthesizedMouseSignature) {
+TEST(PointerPoints, TouchSignatureSignedMouseHalvesAndTouchTruncatedTowardZero) {
     EXPECT_TRUE(IsTouchSynthesizedMouse(0xFF515700u));
     EXPECT_TRUE(IsTouchSynthesizedMouse(0xFF515780u));  // the low byte varies
     EXPECT_TRUE(IsTouchSynthesizedMouse(0x12345678FF5157FFull));  // only the low 32 bits count
     EXPECT_FALSE(IsTouchSynthesizedMouse(0));
     EXPECT_FALSE(IsTouchSynthesizedMouse(0xFF515600u));
     EXPECT_FALSE(IsTouchSynthesizedMouse(0xFE515700u));
-}
 
-TEST(PointerPoints, MouseHalvesAreSigned) {
     EXPECT_EQ(MouseClientPoint(0x00200010u), (Point{16, 32}));
     EXPECT_EQ(MouseClientPoint(0xFFFEFFFFu), (Point{-1, -2}));
     EXPECT_EQ(MouseClientPoint(0x7FFF8000u), (Point{-32768, 32767}));
-}
 
-TEST(PointerPoints, TouchTruncatesTowardZero) {
     EXPECT_EQ(TouchScreenPixel(-1999, 1999), (Point{-19, 19}));
     EXPECT_EQ(TouchScreenPixel(-100, 250), (Point{-1, 2}));
     EXPECT_EQ(TouchScreenPixel(-99, 99), (Point{0, 0}));
 }
 
 TEST(PlayFieldPoints, ClientPointsShiftByTheWindowsPlayRect) {
-    g_displayWindows.clear();
     DisplayWindow left, primary;
     left.playRect = {0, 0, 1920, 1080};
     primary.playRect = {1920, 0, 3840, 1080};

@@ -49,26 +49,20 @@ puffino_wine_tests(settings_tests
   ${SETTINGS_SOURCES}
   ${PROJECT_SOURCE_DIR}/app/shell.cpp)
 
-# The pose pictures: loading with fallbacks and their clean-up.
+# The pictures: the landscapes, the pose pictures' loading with fallbacks
+# and their clean-up, and the penguin drawn from them over a landscape.
 set(POSE_LOADER_SOURCES
   ${PROJECT_SOURCE_DIR}/assets/penguin_images_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_prepare_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_filters.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
-puffino_wine_tests(penguin_images_tests
-  ${CMAKE_CURRENT_LIST_DIR}/penguin_images_tests.cpp
-  ${POSE_LOADER_SOURCES})
-add_dependencies(penguin_images_tests pose_pictures)
 set(SCENERY_SOURCES
   ${PROJECT_SOURCE_DIR}/render/scenery_layout.cpp
   ${PROJECT_SOURCE_DIR}/render/scenery_win.cpp)
-puffino_wine_tests(scenery_tests
+puffino_wine_tests(picture_tests
   ${CMAKE_CURRENT_LIST_DIR}/scenery_tests.cpp
-  ${SCENERY_SOURCES})
-
-# The penguin drawn from the shipped pose pictures, over a landscape.
-puffino_wine_tests(penguin_sprite_tests
+  ${CMAKE_CURRENT_LIST_DIR}/penguin_images_tests.cpp
   ${CMAKE_CURRENT_LIST_DIR}/penguin_sprite_tests.cpp
   ${PROJECT_SOURCE_DIR}/render/penguin_sprite_win.cpp
   ${PROJECT_SOURCE_DIR}/render/pose_drawing_win.cpp
@@ -78,7 +72,7 @@ puffino_wine_tests(penguin_sprite_tests
   ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
   ${POSE_LOADER_SOURCES}
   ${SCENERY_SOURCES})
-add_dependencies(penguin_sprite_tests pose_pictures)
+add_dependencies(picture_tests pose_pictures)
 
 # Not a test: paints every landscape into PNG files for a person to look at
 # (tools/scenery_gallery.py).
@@ -95,7 +89,13 @@ add_custom_command(OUTPUT ${TESTS_OUT}/Fonts/MPLUSRounded1c-Regular.ttf
           ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Black.ttf ${TESTS_OUT}/Fonts
   DEPENDS ${PUFFINO_FONT_FILES} VERBATIM)
 add_custom_target(test_fonts ALL DEPENDS ${TESTS_OUT}/Fonts/MPLUSRounded1c-Regular.ttf)
-set(TEXT_SOURCES
+# The fonts, the outlined text and the labels as the home window gets
+# them. A copy of the program away from the "Fonts" folder finds no usable
+# family at all.
+puffino_wine_tests(text_tests
+  ${CMAKE_CURRENT_LIST_DIR}/font_tests.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/outlined_text_tests.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/labels_tests.cpp
   ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp
@@ -103,25 +103,15 @@ set(TEXT_SOURCES
   ${PROJECT_SOURCE_DIR}/assets/fonts_win.cpp
   ${PROJECT_SOURCE_DIR}/text/text_lines.cpp
   ${PROJECT_SOURCE_DIR}/text/text_metrics.cpp
-  ${PROJECT_SOURCE_DIR}/text/outlined_text_win.cpp)
-puffino_wine_tests(text_tests
-  ${CMAKE_CURRENT_LIST_DIR}/font_tests.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/outlined_text_tests.cpp
-  ${TEXT_SOURCES})
-add_dependencies(text_tests test_fonts)
-# The labels, drawn as the home window gets them. A copy of the program
-# away from the "Fonts" folder finds no usable family at all.
-puffino_wine_tests(labels_tests
-  ${CMAKE_CURRENT_LIST_DIR}/labels_tests.cpp
-  ${TEXT_SOURCES}
+  ${PROJECT_SOURCE_DIR}/text/outlined_text_win.cpp
   ${PROJECT_SOURCE_DIR}/play/screen_areas.cpp
   ${PROJECT_SOURCE_DIR}/settings/language.cpp
   ${PROJECT_SOURCE_DIR}/text/label_layout.cpp
   ${PROJECT_SOURCE_DIR}/text/labels_win.cpp)
-add_dependencies(labels_tests test_fonts)
-add_custom_command(TARGET labels_tests POST_BUILD
+add_dependencies(text_tests test_fonts)
+add_custom_command(TARGET text_tests POST_BUILD
   COMMAND ${CMAKE_COMMAND} -E make_directory ${TESTS_OUT}/without_fonts
-  COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:labels_tests> ${TESTS_OUT}/without_fonts
+  COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:text_tests> ${TESTS_OUT}/without_fonts
   VERBATIM)
 
 # The frame composition over the real landscapes and bubble drawing, with

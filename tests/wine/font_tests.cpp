@@ -66,7 +66,7 @@ std::wstring FamilyName(const Gdiplus::FontFamily* family) {
     return name;
 }
 
-using FontFiles = GdiplusTest;
+using FontFiles = FontTest;
 
 // The test program has the shipped faces in a "Fonts" folder beside it.
 TEST_F(FontFiles, FacesLoadOnceFromTheFontFolderAndKeepTheirBytes) {
@@ -85,6 +85,13 @@ TEST_F(FontFiles, FacesLoadOnceFromTheFontFolderAndKeepTheirBytes) {
     EXPECT_EQ(FamilyName(LabelFamily()), L"Rounded Mplus 1c");
     EXPECT_EQ(FamilyName(PraiseFamily()), L"Rounded Mplus 1c Black");
     EXPECT_EQ(PathStyleFor(PraiseFamily()), Gdiplus::FontStyleRegular);
+
+    // This prefix has none of the five fallbacks: the last entry stands in.
+    const Gdiplus::FontFamily* plain = ChooseFallbackFamily(false);
+    ASSERT_NE(plain, nullptr);
+    EXPECT_FALSE(plain->IsAvailable());
+    EXPECT_EQ(ChooseFallbackFamily(true), plain);
+    EXPECT_EQ(PathStyleFor(plain), Gdiplus::FontStyleRegular);
 }
 
 TEST_F(FontFiles, EmptyOrForeignFilesGiveNoFamilyAndKeepNothing) {
@@ -97,17 +104,9 @@ TEST_F(FontFiles, EmptyOrForeignFilesGiveNoFamilyAndKeepNothing) {
     }
 }
 
-TEST_F(FontFiles, WithoutAnyInstalledFallbackTheLastEntryStandsIn) {
-    const Gdiplus::FontFamily* plain = ChooseFallbackFamily(false);
-    ASSERT_NE(plain, nullptr);
-    EXPECT_FALSE(plain->IsAvailable());  // this prefix has none of the five
-    EXPECT_EQ(ChooseFallbackFamily(true), plain);
-    EXPECT_EQ(PathStyleFor(plain), Gdiplus::FontStyleRegular);
-}
-
 // Run in a prefix where the first fallback name stands for a family without
 // a bold face and the third for one with it.
-using InstalledFallbacks = GdiplusTest;
+using InstalledFallbacks = FontTest;
 
 TEST_F(InstalledFallbacks, FirstInstalledForLabelsFirstWithBoldForPraise) {
     const Gdiplus::FontFamily* plain = ChooseFallbackFamily(false);

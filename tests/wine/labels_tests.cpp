@@ -51,7 +51,7 @@ bool Near(uint32_t pixel, uint32_t colour) {
     return distance < 60;
 }
 
-using Labels = GdiplusTest;
+using Labels = FontTest;
 
 TEST_F(Labels, EachStaysInsideItsRepaintBoxWithTextOnlyWhenAFontIsUsable) {
     const bool fonts = LabelFamily()->IsAvailable();
@@ -127,21 +127,6 @@ TEST_F(Labels, ScorePanelRightAlignedWithBothScoresInFull) {
     EXPECT_NEAR(current.left, best.left, 1);
     // Each text runs on to the padding at its pill's right end: none is cut short.
     for (const Band& band : {best, current}) EXPECT_NEAR(band.right - band.inkRight, 22, 8);
-}
-
-// Rim and fill share the praise's alpha; where the fill covers the rim's
-// inner half the two add up, so the commonest alpha is the praise's own.
-TEST_F(Labels, PraiseFadesWithItsRim) {
-    for (const auto& [left, alpha] : {std::pair(84.0f, 0u), std::pair(84 * 0.15f, 127u), std::pair(42.0f, 255u)}) {
-        Play(kHomes[0], Language::kJapanese);
-        g_playField.praiseTimeLeft = left;
-        Canvas canvas(1920, 1080);
-        DrawPraise(canvas.graphics);
-        int counts[256] = {};
-        for (uint32_t p : canvas.Pixels()) ++counts[p >> 24];
-        const int* commonest = std::max_element(counts + 1, counts + 256);
-        EXPECT_EQ(static_cast<uint32_t>(*commonest ? commonest - counts : 0), alpha) << left;
-    }
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 namespace {
 
-using OutlinedText = GdiplusTest;
+using OutlinedText = FontTest;
 
 // Where text drawn at (320, 150) on a transparent 640 x 300 canvas left ink,
 // and how much of that is the white rim.

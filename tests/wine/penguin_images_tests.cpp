@@ -1,96 +1,44 @@
 // The pose picture loader under Wine's GDI+: which file fills which slot in
-// temporary asset folders, and the clean-up of the shipped penguin art.
-#include <gtest/gtest.h>
-
-#include <windows.h>
-#include <objbase.h>
-#include <gdiplus.h>
-
+// temporary asset folders, odd and broken PNG files, and the clean-up of the
+// shipped penguin art.
 #include <array>
-#include <filesystem>
 #include <fstream>
 #include <functional>
 #include <map>
-#include <string>
-#include <vector>
 
-#include "assets/asset_paths.h"
 #include "assets/penguin_images_win.h"
 #include "assets/sprite_filters.h"
 #include "assets/sprite_prepare_win.h"
+#include "tests/wine/gdiplus_test_support_win.h"
 
 namespace fs = std::filesystem;
 using Gdiplus::Bitmap;
 
 namespace {
 
-class GdiplusSession : public ::testing::Environment {
-public:
-    void SetUp() override {
-        Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&token_, &input, nullptr);
-    }
-    void TearDown() override {
-        ReleasePenguinImages();
-        Gdiplus::GdiplusShutdown(token_);
-    }
-
-private:
-    ULONG_PTR token_ = 0;
-};
-const auto* const g_gdiplus = ::testing::AddGlobalTestEnvironment(new GdiplusSession);
-
-void SavePng(Bitmap& bitmap, const fs::path& path) {
-    UINT count = 0, bytes = 0;
-    Gdiplus::GetImageEncodersSize(&count, &bytes);
-    std::vector<char> buffer(bytes);
-    auto* encoders = reinterpret_cast<Gdiplus::ImageCodecInfo*>(buffer.data());
-    Gdiplus::GetImageEncoders(count, bytes, encoders);
-    for (UINT i = 0; i < count; ++i) {
-        if (std::wstring(encoders[i].MimeType) == L"image/png") {
-            ASSERT_EQ(bitmap.Save(path.c_str(), &encoders[i].Clsid, nullptr), Gdiplus::Ok);
-            return;
-        }
-    }
-    FAIL() << "no PNG encoder";
-}
-
 // A picture 30 wide whose height tells the loaded files apart.
 void WriteTaggedPng(const fs::path& path, int height) {
     Bitmap bitmap(30, height, PixelFormat32bppARGB);
     Gdiplus::Graphics(&bitmap).Clear(Gdiplus::Color(255, 70, 100, 160));
-    SavePng(bitmap, path);
+    ASSERT_TRUE(SavePng(bitmap, path.wstring()));
 }
 
-// The whole bitmap's pixels, as the filters see them.
-std::vector<uint8_t> PixelsOf(Bitmap& bitmap) {
-    const INT width = static_cast<INT>(bitmap.GetWidth()), height = static_cast<INT>(bitmap.GetHeight());
-    Gdiplus::Rect whole(0, 0, width, height);
-    Gdiplus::BitmapData data{};
-    if (bitmap.LockBits(&whole, Gdiplus::ImageLockModeRead, PixelFormat32bppARGB, &data) != Gdiplus::Ok) return {};
-    std::vector<uint8_t> pixels(static_cast<size_t>(width) * height * 4);
-    for (INT y = 0; y < height; ++y) {
-        memcpy(&pixels[static_cast<size_t>(y) * width * 4], static_cast<uint8_t*>(data.Scan0) + y * data.Stride,
-               static_cast<size_t>(width) * 4);
-    }
-    bitmap.UnlockBits(&data);
-    return pixels;
-}
+void WriteBytes(const fs::path& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
 
-// The pose pictures the build puts beside Puffino.exe, one folder above.
-std::wstring ShippedArtFolder() {
-    return JoinPath(JoinPath(ParentFolder(ExecutableFolder()), L"assets"), L"penguin");
-}
-
-class PenguinImagesTest : public ::testing::Test {
+class PenguinImages : public GdiplusTest {
 protected:
-    void SetUp() override { folder = fs::temp_directory_path() / "penguin-assets"; }
+    void SetUp() override {
+        GdiplusTest::SetUp();
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+    }
     void TearDown() override {
         ReleasePenguinImages();
         fs::remove_all(folder);
+        GdiplusTest::TearDown();
     }
 
-    fs::path folder;
+    const fs::path folder = fs::temp_directory_path() / "penguin-assets";
 };
 
 // Heights of the standing, blowing, celebrating and cheering slots (0:
@@ -105,7 +53,7 @@ Heights SlotHeights() {
     return heights;
 }
 
-TEST_F(PenguinImagesTest, EachSlotTakesTheFirstNameThatLoads) {
+TEST_F(PenguinImages, EachSlotTakesTheFirstNameThatLoads) {
     const struct {
         const char* what;
         std::map<std::wstring, int> files;  // stem -> height; -1: not a picture, -2: a folder
@@ -143,9 +91,10 @@ TEST_F(PenguinImagesTest, EachSlotTakesTheFirstNameThatLoads) {
     EXPECT_FALSE(g_penguinImages.celebratingIsYatta);
 }
 
-TEST(ShippedArt, PosesAreWholePicturesReadyForTheFilters) {
+TEST_F(PenguinImages, ShippedPosesAreWholePicturesReadyForTheFilters) {
     for (const wchar_t* pose : {L"idle.png", L"bubble.png", L"yatta.png", L"hurray.png"}) {
-        const std::wstring path = JoinPath(ShippedArtFolder(), pose);
+        const std::wstring path = JoinPath(JoinPath(JoinPath(ParentFolder(ExecutableFolder()), L"assets"),
+                                                    L"penguin"), pose);
         SCOPED_TRACE(fs::path(path).string());
         Bitmap decoded(path.c_str());
         ASSERT_EQ(decoded.GetLastStatus(), Gdiplus::Ok);
@@ -153,11 +102,11 @@ TEST(ShippedArt, PosesAreWholePicturesReadyForTheFilters) {
 
         // The loaded picture is exactly the filters run over the decoded
         // pixels: the working copy neither blends nor resamples.
-        std::vector<uint8_t> expected = PixelsOf(decoded);
-        const SpritePixels pixels{expected.data(), static_cast<int32_t>(decoded.GetWidth()),
+        std::vector<uint32_t> expected = PixelsOf(decoded);
+        const SpritePixels pixels{reinterpret_cast<uint8_t*>(expected.data()), static_cast<int32_t>(decoded.GetWidth()),
                                   static_cast<int32_t>(decoded.GetHeight()),
                                   static_cast<ptrdiff_t>(decoded.GetWidth()) * 4};
-        const std::vector<uint8_t> before = expected;
+        const std::vector<uint32_t> before = expected;
         RemoveSpecks(pixels);
         EXPECT_TRUE(expected == before) << "every part of the penguin is kept";
         SoftenOutline(pixels);
@@ -165,44 +114,15 @@ TEST(ShippedArt, PosesAreWholePicturesReadyForTheFilters) {
         const PoseSlot loaded = LoadSpriteFile(path);
         ASSERT_TRUE(loaded);
         EXPECT_TRUE(PixelsOf(*static_cast<Bitmap*>(loaded.get())) == expected);
-
-        int softened = 0;
-        for (size_t i = 3; i < expected.size(); i += 4) softened += expected[i] == 150;
-        EXPECT_GT(softened, 100) << "the outline is dark enough to soften";
+        EXPECT_GT(std::count_if(expected.begin(), expected.end(), [](uint32_t p) { return p >> 24 == 150; }), 100)
+            << "the outline is dark enough to soften";
     }
-}
-
-TEST(ShippedArt, TheBlowingBeakEndsAt72PercentOfTheWidth) {
-    const std::wstring path = JoinPath(ShippedArtFolder(), L"bubble.png");
-    Bitmap picture(path.c_str());
-    ASSERT_EQ(picture.GetLastStatus(), Gdiplus::Ok);
-    const INT width = static_cast<INT>(picture.GetWidth());
-    INT beakTip = -1;
-    Gdiplus::Color c;
-    // The beak is the only orange in the upper half (the feet are below).
-    for (INT y = 0; y < static_cast<INT>(picture.GetHeight()) / 2; ++y) {
-        for (INT x = 0; x < width; ++x) {
-            picture.GetPixel(x, y, &c);
-            const bool orange = c.GetA() == 255 && c.GetR() > 230 && c.GetG() > 140 && c.GetG() < 190 && c.GetB() < 80;
-            if (orange && x > beakTip) beakTip = x;
-        }
-    }
-    EXPECT_NEAR(beakTip, 0.72 * width, 0.02 * width);
 }
 
 // PNG files of any colour type and bit depth, written here byte by byte so
 // that the odd ones GDI+ would never save itself (grey, palette with a
 // transparency table, 16 bits per channel, cut short) come from the test:
 // rows are deflated as stored blocks, so a file is as long as its pixels.
-uint32_t Crc32(const std::string& bytes, size_t from) {
-    uint32_t crc = 0xFFFFFFFFu;
-    for (size_t i = from; i < bytes.size(); ++i) {
-        crc ^= static_cast<uint8_t>(bytes[i]);
-        for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1u)));
-    }
-    return ~crc;
-}
-
 void PutBigEndian(std::string& out, uint32_t value) {
     for (int shift = 24; shift >= 0; shift -= 8) out += static_cast<char>(value >> shift);
 }
@@ -210,9 +130,13 @@ void PutBigEndian(std::string& out, uint32_t value) {
 void PutChunk(std::string& png, const char* type, const std::string& data) {
     PutBigEndian(png, static_cast<uint32_t>(data.size()));
     const size_t start = png.size();
-    png += type;
-    png += data;
-    PutBigEndian(png, Crc32(png, start));
+    png += type + data;
+    uint32_t crc = 0xFFFFFFFFu;
+    for (size_t i = start; i < png.size(); ++i) {
+        crc ^= static_cast<uint8_t>(png[i]);
+        for (int bit = 0; bit < 8; ++bit) crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1u)));
+    }
+    PutBigEndian(png, ~crc);
 }
 
 struct PngLook {
@@ -225,8 +149,7 @@ struct PngLook {
 // row(y) gives the packed samples of row y, without the filter byte.
 std::string PngFile(const PngLook& look, uint32_t width, uint32_t height,
                     const std::function<std::string(uint32_t)>& row) {
-    std::string png = "\x89PNG\r\n\x1a\n";
-    std::string header;
+    std::string png = "\x89PNG\r\n\x1a\n", header;
     PutBigEndian(header, width);
     PutBigEndian(header, height);
     header += {static_cast<char>(look.depth), static_cast<char>(look.colourType), 0, 0, 0};
@@ -234,29 +157,21 @@ std::string PngFile(const PngLook& look, uint32_t width, uint32_t height,
     if (!look.palette.empty()) PutChunk(png, "PLTE", look.palette);
     if (!look.transparency.empty()) PutChunk(png, "tRNS", look.transparency);
 
-    std::string raw;
+    std::string raw, zlib = "\x78\x01";
     for (uint32_t y = 0; y < height; ++y) raw += '\0' + row(y);  // filter: none
-    std::string zlib = "\x78\x01";
     for (size_t at = 0; at < raw.size() || at == 0; at += 65535) {
         const size_t length = std::min<size_t>(65535, raw.size() - at);
         zlib += static_cast<char>(at + length >= raw.size() ? 1 : 0);  // the last block ends the stream
-        zlib += {static_cast<char>(length), static_cast<char>(length >> 8),
-                 static_cast<char>(~length), static_cast<char>(~length >> 8)};
+        zlib += {static_cast<char>(length), static_cast<char>(length >> 8), static_cast<char>(~length),
+                 static_cast<char>(~length >> 8)};
         zlib.append(raw, at, length);
     }
     uint32_t a = 1, b = 0;
-    for (char c : raw) {
-        a = (a + static_cast<uint8_t>(c)) % 65521;
-        b = (b + a) % 65521;
-    }
+    for (char c : raw) a = (a + static_cast<uint8_t>(c)) % 65521, b = (b + a) % 65521;
     PutBigEndian(zlib, (b << 16) | a);
     PutChunk(png, "IDAT", zlib);
     PutChunk(png, "IEND", "");
     return png;
-}
-
-void WriteBytes(const fs::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
 }
 
 // A 40 x 40 picture with a 20 x 20 square in the middle (10..29) drawn in
@@ -264,19 +179,12 @@ void WriteBytes(const fs::path& path, const std::string& bytes) {
 std::string SquarePng(const PngLook& look, const std::string& inside, const std::string& outside) {
     return PngFile(look, 40, 40, [&](uint32_t y) {
         std::string row;
-        for (uint32_t x = 0; x < 40; ++x) {
-            row += (x >= 10 && x < 30 && y >= 10 && y < 30) ? inside : outside;
-        }
+        for (uint32_t x = 0; x < 40; ++x) row += (x >= 10 && x < 30 && y >= 10 && y < 30) ? inside : outside;
         return row;
     });
 }
 
-uint32_t ArgbAt(const std::vector<uint8_t>& pixels, int width, int x, int y) {
-    const uint8_t* p = &pixels[(static_cast<size_t>(y) * width + x) * 4];
-    return (uint32_t{p[3]} << 24) | (uint32_t{p[2]} << 16) | (uint32_t{p[1]} << 8) | p[0];
-}
-
-TEST_F(PenguinImagesTest, OddPicturesArePreparedFromWhatTheyShow) {
+TEST_F(PenguinImages, OddPicturesArePreparedFromWhatTheyShow) {
     // Sampled at the square's middle (20, 20), on its top edge (20, 10) and
     // one pixel above it (20, 9), where the colour bleeds into the
     // transparency; in the far corner (0, 0), beyond the bleed's reach, only
@@ -289,45 +197,41 @@ TEST_F(PenguinImagesTest, OddPicturesArePreparedFromWhatTheyShow) {
         uint8_t cornerAlpha;
     } cases[] = {
         {"palette with a transparency table",
-         SquarePng({3, 8, std::string("\x00\x00\xff\xe6\x3c\x28", 6), std::string("\x00", 1)},
-                   "\x01", std::string("\x00", 1)),
+         SquarePng({3, 8, std::string("\x00\x00\xff\xe6\x3c\x28", 6), std::string("\x00", 1)}, "\x01",
+                   std::string("\x00", 1)),
          0xFFE63C28, 0xFFE63C28, 0x00E63C28, 0},
-        {"8-bit grey, opaque everywhere", SquarePng({0, 8, "", ""}, "\xc8", "\x64"),
-         0xFFC8C8C8, 0xFFC8C8C8, 0xFF646464, 255},
+        {"8-bit grey, opaque everywhere", SquarePng({0, 8, "", ""}, "\xc8", "\x64"), 0xFFC8C8C8, 0xFFC8C8C8,
+         0xFF646464, 255},
         {"dark grey with alpha: a softened outline",
-         SquarePng({4, 8, "", ""}, std::string("\x1e\xff", 2), std::string("\x00\x00", 2)),
-         0xFF1E1E1E, 0x961E1E1E, 0x001E1E1E, 0},
-        {"16 bits per channel",
-         SquarePng({6, 16, "", ""}, "\x12\x12\x80\x80\xfe\xfe\xff\xff",
-                   std::string(8, '\0')),
+         SquarePng({4, 8, "", ""}, std::string("\x1e\xff", 2), std::string("\x00\x00", 2)), 0xFF1E1E1E,
+         0x961E1E1E, 0x001E1E1E, 0},
+        {"16 bits per channel", SquarePng({6, 16, "", ""}, "\x12\x12\x80\x80\xfe\xfe\xff\xff", std::string(8, '\0')),
          0xFF1280FE, 0xFF1280FE, 0x001280FE, 0},
         {"alpha just below visible: nothing to clean up",
-         SquarePng({6, 8, "", ""}, std::string("\x00\xa0\x00\x0f", 4), std::string(4, '\0')),
-         0x0F00A000, 0x0F00A000, 0x00000000, 0},
+         SquarePng({6, 8, "", ""}, std::string("\x00\xa0\x00\x0f", 4), std::string(4, '\0')), 0x0F00A000,
+         0x0F00A000, 0x00000000, 0},
         {"RGB with a colour key",
-         SquarePng({2, 8, "", std::string("\x00\xff\x00\x00\x00\xff", 6)},
-                   std::string("\x32\x64\x96", 3), std::string("\xff\x00\xff", 3)),
+         SquarePng({2, 8, "", std::string("\x00\xff\x00\x00\x00\xff", 6)}, std::string("\x32\x64\x96", 3),
+                   std::string("\xff\x00\xff", 3)),
          0xFF326496, 0xFF326496, 0x00326496, 0},
     };
-    fs::create_directories(folder);
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        const fs::path path = folder / "idle.png";
-        WriteBytes(path, c.png);
-        const PoseSlot loaded = LoadSpriteFile(path.wstring());
+        WriteBytes(folder / "idle.png", c.png);
+        const PoseSlot loaded = LoadSpriteFile((folder / "idle.png").wstring());
         ASSERT_TRUE(loaded);
         auto* bitmap = static_cast<Bitmap*>(loaded.get());
         EXPECT_EQ(bitmap->GetPixelFormat(), PixelFormat32bppARGB) << "the prepared working copy";
-        const std::vector<uint8_t> pixels = PixelsOf(*bitmap);
-        ASSERT_EQ(pixels.size(), 40u * 40u * 4u);
-        EXPECT_EQ(ArgbAt(pixels, 40, 20, 20), c.middle);
-        EXPECT_EQ(ArgbAt(pixels, 40, 20, 10), c.edge);
-        EXPECT_EQ(ArgbAt(pixels, 40, 20, 9), c.above);
-        EXPECT_EQ(ArgbAt(pixels, 40, 0, 0) >> 24, c.cornerAlpha);
+        const std::vector<uint32_t> pixels = PixelsOf(*bitmap);
+        ASSERT_EQ(pixels.size(), 40u * 40u);
+        EXPECT_EQ(pixels[20 * 40 + 20], c.middle);
+        EXPECT_EQ(pixels[10 * 40 + 20], c.edge);
+        EXPECT_EQ(pixels[9 * 40 + 20], c.above);
+        EXPECT_EQ(pixels[0] >> 24, c.cornerAlpha);
     }
 }
 
-TEST_F(PenguinImagesTest, BrokenAndTinyPicturesNeverStopTheLoad) {
+TEST_F(PenguinImages, BrokenAndTinyPicturesNeverStopTheLoad) {
     const std::string whole = SquarePng({0, 8, "", ""}, "\x10", "\x20");
     const struct {
         const char* what;
@@ -338,12 +242,10 @@ TEST_F(PenguinImagesTest, BrokenAndTinyPicturesNeverStopTheLoad) {
         {"cut short in its header", whole.substr(0, 20), 30, 21},
         {"one pixel", PngFile({0, 8, "", ""}, 1, 1, [](uint32_t) { return std::string("\x80"); }), 1, 1},
     };
+    WriteTaggedPng(folder / "standing.png", 21);
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        fs::remove_all(folder);
-        fs::create_directories(folder);
         WriteBytes(folder / "idle.png", c.idle);
-        WriteTaggedPng(folder / "standing.png", 21);
         LoadPenguinImages(folder.wstring());
         int32_t width = 0, height = 0;
         ASSERT_TRUE(PoseImageSize(PoseImage::Idle, width, height));
@@ -356,8 +258,7 @@ TEST_F(PenguinImagesTest, BrokenAndTinyPicturesNeverStopTheLoad) {
 // one bit per pixel is 32 MB of file and a gigabyte once decoded. A band of
 // 256 opaque rows over transparency keeps the speck search's lists short;
 // an opaque picture this size takes a minute and five gigabytes.
-TEST_F(PenguinImagesTest, HugePictureIsLoadedWhole) {
-    fs::create_directories(folder);
+TEST_F(PenguinImages, HugePictureIsLoadedWhole) {
     WriteBytes(folder / "idle.png",
                PngFile({3, 1, std::string("\0\0\0\x50\x8c\xc8", 6), std::string("\0", 1)}, 16384, 16384,
                        [](uint32_t y) { return std::string(2048, y < 256 ? '\xff' : '\0'); }));

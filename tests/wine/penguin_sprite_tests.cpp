@@ -1,13 +1,10 @@
 // The penguin drawn by Wine's GDI+ from the shipped pose pictures into
-// off-screen bitmaps: where its ink lands, its opacity, the graphics state
-// it leaves behind, and pictures of it over a landscape to look at.
-#include <gtest/gtest.h>
-
-#include <cmath>
+// off-screen bitmaps: its opacity, the graphics state it leaves behind, where
+// its feet land and that it stays inside its paint area, with pictures of it
+// over a landscape to look at.
 #include <numbers>
 
 #include "app/display_windows.h"
-#include "assets/asset_paths.h"
 #include "assets/penguin_images_win.h"
 #include "play/play_field.h"
 #include "play/screen_areas.h"
@@ -22,66 +19,21 @@ PlayField g_playField;
 
 namespace {
 
-// GDI+ and the pose pictures the build puts beside Puffino.exe, one folder
-// above this program, loaded through the program's own loader.
-class ShippedPenguin : public ::testing::Environment {
-public:
+// The pose pictures the build puts beside Puffino.exe, one folder above this
+// program, loaded through the program's own loader.
+class ShippedPenguin : public GdiplusTest {
+protected:
     void SetUp() override {
-        Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&token_, &input, nullptr);
+        GdiplusTest::SetUp();
         LoadPenguinImages(JoinPath(JoinPath(ParentFolder(ExecutableFolder()), L"assets"), L"penguin"));
     }
     void TearDown() override {
         ReleasePenguinImages();
-        Gdiplus::GdiplusShutdown(token_);
+        GdiplusTest::TearDown();
     }
-
-private:
-    ULONG_PTR token_ = 0;
 };
-const auto* const g_environment = ::testing::AddGlobalTestEnvironment(new ShippedPenguin);
 
-// The bounding box of every pixel of a 32-bit ARGB bitmap that is not
-// fully transparent.
-Rect InkOf(Gdiplus::Bitmap& bitmap) {
-    const int width = static_cast<int>(bitmap.GetWidth()), height = static_cast<int>(bitmap.GetHeight());
-    Gdiplus::Rect whole(0, 0, width, height);
-    Gdiplus::BitmapData data{};
-    bitmap.LockBits(&whole, Gdiplus::ImageLockModeRead, PixelFormat32bppARGB, &data);
-    Rect ink{width, height, -1, -1};
-    for (int y = 0; y < height; ++y) {
-        const auto* row = reinterpret_cast<const uint32_t*>(static_cast<const char*>(data.Scan0) + y * data.Stride);
-        for (int x = 0; x < width; ++x) {
-            if (row[x] >> 24 == 0) continue;
-            ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x + 1), std::max(ink.bottom, y + 1)};
-        }
-    }
-    bitmap.UnlockBits(&data);
-    return ink;
-}
-
-TEST(PoseDrawing, ThePictureIsScaledUniformlyIntoItsPlaceWhateverTheTransform) {
-    for (const auto& [pose, image] : {std::pair{kPoseStanding, PoseImage::Idle}, std::pair{kPoseBlowing, PoseImage::Blow},
-                                      std::pair{kPoseCelebrating, PoseImage::Celebrate}}) {
-        auto* picture = static_cast<Gdiplus::Bitmap*>(PoseSlotImage(image));
-        ASSERT_TRUE(picture);
-        Canvas canvas(400, 400);
-        canvas.graphics.TranslateTransform(-1000, -500);  // play-field coordinates, as a frame's
-        DrawPoseImage(canvas.graphics, {1200, 860, 240, -7, pose, 1});
-
-        // The picture's own ink, scaled into the placed rectangle.
-        const PoseRect placed = PlacePoseImage(image, 200, 360, 240, -7);
-        const float k = placed.height / static_cast<float>(picture->GetHeight());
-        const Rect art = InkOf(*picture), ink = InkOf(canvas.bitmap);
-        SCOPED_TRACE(pose);
-        EXPECT_NEAR(ink.left, placed.x + k * art.left, 2);
-        EXPECT_NEAR(ink.top, placed.y + k * art.top, 2);
-        EXPECT_NEAR(ink.right, placed.x + k * art.right, 2);
-        EXPECT_NEAR(ink.bottom, placed.y + k * art.bottom, 2);
-    }
-}
-
-TEST(PoseDrawing, OpacityScalesAlphaOnly) {
+TEST_F(ShippedPenguin, OpacityScalesAlphaOnlyAndTheGraphicsStateIsKept) {
     Canvas full(300, 300), half(300, 300), faint(300, 300);
     DrawPoseImage(full.graphics, {150, 280, 240, 0, kPoseStanding, 1});
     DrawPoseImage(half.graphics, {150, 280, 240, 0, kPoseStanding, 0.5f});
@@ -98,11 +50,8 @@ TEST(PoseDrawing, OpacityScalesAlphaOnly) {
     }
     EXPECT_GT(inked, 20000);
     EXPECT_EQ(InkOf(faint.bitmap).right, -1) << "nothing at all at an opacity of 0.001";
-}
 
-TEST(PoseDrawing, LeavesTheQualityModesAndTransformAsItFoundThem) {
-    Canvas canvas(100, 100);
-    Gdiplus::Graphics& g = canvas.graphics;
+    Gdiplus::Graphics& g = faint.graphics;
     g.SetInterpolationMode(Gdiplus::InterpolationModeNearestNeighbor);
     g.SetPixelOffsetMode(Gdiplus::PixelOffsetModeNone);
     g.SetCompositingQuality(Gdiplus::CompositingQualityHighSpeed);
@@ -126,7 +75,7 @@ TEST(PoseDrawing, LeavesTheQualityModesAndTransformAsItFoundThem) {
 // The penguin at rest, blowing at the bottom of its wobble, and at the top
 // of a celebration hop: where its feet are, that it stays inside the area
 // the repaint covers, and a picture of each over a landscape.
-TEST(Penguin, RestsBlowsAndHopsInsideItsPaintArea) {
+TEST_F(ShippedPenguin, RestsBlowsAndHopsInsideItsPaintArea) {
     const float top = std::numbers::pi_v<float> / 4, topOfWobble = std::numbers::pi_v<float> / 6;
     const struct {
         const wchar_t* picture;

@@ -1,40 +1,25 @@
 // The landscapes as GDI+ paints them under Wine into off-screen bitmaps,
 // with pixel probes of sky, band and sun.
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <vector>
 
 #include "render/frame_buffers.h"  // the scenery's clear colour
 #include "render/scenery_win.h"
-#include "tests/wine/gdiplus_session_win.h"
+#include "tests/wine/gdiplus_test_support_win.h"
 
 namespace {
 
-const auto* const g_gdiplus = ::testing::AddGlobalTestEnvironment(new GdiplusSession);
+using Scenery = GdiplusTest;
 
 // Paints the theme into an off-screen bitmap over the scenery's clear
 // colour, as a window's scenery buffer gets it; the pixels come back as
 // 0xRRGGBB, row by row.
 std::vector<uint32_t> Paint(int width, int height, uint32_t theme, Rect rect = {}) {
-    Gdiplus::Bitmap bitmap(width, height, PixelFormat32bppARGB);
-    {
-        Gdiplus::Graphics graphics(&bitmap);
-        graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
-        graphics.Clear(Gdiplus::Color(kSceneryClearColour));
-        DrawScenery(graphics, IsEmpty(rect) ? Rect{0, 0, width, height} : rect, theme);
-    }
-    std::vector<uint32_t> pixels(width * height);
-    Gdiplus::Rect all(0, 0, width, height);
-    Gdiplus::BitmapData data{};
-    bitmap.LockBits(&all, Gdiplus::ImageLockModeRead, PixelFormat32bppARGB, &data);
-    for (int y = 0; y < height; ++y) {
-        const auto* row = reinterpret_cast<const uint32_t*>(static_cast<const char*>(data.Scan0) + y * data.Stride);
-        for (int x = 0; x < width; ++x) pixels[y * width + x] = row[x] & 0xFFFFFF;
-    }
-    bitmap.UnlockBits(&data);
+    Canvas canvas(width, height);
+    canvas.graphics.Clear(Gdiplus::Color(kSceneryClearColour));
+    DrawScenery(canvas.graphics, IsEmpty(rect) ? Rect{0, 0, width, height} : rect, theme);
+    std::vector<uint32_t> pixels = canvas.Pixels();
+    for (uint32_t& p : pixels) p &= 0xFFFFFF;
     return pixels;
 }
 
@@ -61,7 +46,7 @@ uint32_t GradientAt(uint32_t topArgb, uint32_t bottomArgb, int top, int bottom, 
     return ::testing::AssertionSuccess();
 }
 
-TEST(Scenery, SeasideOnVeryLargeMonitorsShowsItsFourRowsOfCrests) {
+TEST_F(Scenery, SeasideOnVeryLargeMonitorsShowsItsFourRowsOfCrests) {
     // Wine's GDI+ once died painting the seaside at these sizes.
     for (const auto& [w, h] : {std::pair{3840, 2160}, std::pair{5120, 1440}}) {
         SCOPED_TRACE(::testing::Message() << w << "x" << h);
@@ -82,7 +67,7 @@ TEST(Scenery, SeasideOnVeryLargeMonitorsShowsItsFourRowsOfCrests) {
     }
 }
 
-TEST(Scenery, EachThemeShowsItsSkyBandAndSun) {
+TEST_F(Scenery, EachThemeShowsItsSkyBandAndSun) {
     const struct {
         uint32_t skyTop, skyBottom;
         float band;
@@ -115,7 +100,7 @@ TEST(Scenery, EachThemeShowsItsSkyBandAndSun) {
     }
 }
 
-TEST(Scenery, SameThemeAndSizeGiveIdenticalPixelsAndTheClipHolds) {
+TEST_F(Scenery, SameThemeAndSizeGiveIdenticalPixelsAndTheClipHolds) {
     for (uint32_t theme = 0; theme < kSceneryThemeCount; ++theme) {
         EXPECT_TRUE(Paint(1280, 1024, theme) == Paint(1280, 1024, theme)) << theme;
     }
