@@ -13,16 +13,14 @@
    bench_wine.py [runs]   (default 7 timed start-ups)"""
 
 import statistics
-import subprocess
 import sys
 import time
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
 from scene_sight import Grabber  # noqa: E402
-from wine_session import PROBE_EXE, TWO_MONITORS, WINDOWS_BUILD, WineSession  # noqa: E402
+from wine_session import PROBE_EXE, TWO_MONITORS, WINDOWS_BUILD, WM_CLOSE, WineSession  # noqa: E402
 
-WM_CLOSE = 0x10
 FRAME_COST = WINDOWS_BUILD / "tests" / "frame_cost_benchmark.exe"
 BLACK = (0, 0, 0)  # the bare X screen, before any window shows
 # Inside each window, near its top-left corner: the landscape's sky.

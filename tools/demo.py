@@ -9,15 +9,11 @@ import time
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
-from wine_session import BUILD, TWO_MONITORS, WineSession  # noqa: E402
+from wine_session import BUILD, SYMBOL_FACE, TWO_MONITORS, WM_CLOSE, WineSession  # noqa: E402
 
-WM_CLOSE = 0x10
 # The middle of the penguin on the 1920x1080 home monitor: it stands above
 # the finish button in the bottom-right corner.
 ON_PENGUIN = (1742, 820)
-# Windows draws the button symbols with Segoe UI Symbol; a Wine prefix has no
-# such face, and DejaVu Sans carries the same two symbols.
-SYMBOL_FACE = {"Segoe UI Symbol": "DejaVu Sans"}
 
 
 def play_demo(out):

@@ -24,10 +24,9 @@ import numpy
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
 from scene_sight import Grabber  # noqa: E402
-from wine_session import BUILD, TWO_MONITORS, WineSession  # noqa: E402
+from wine_session import (BUILD, SYMBOL_FACE, TWO_MONITORS, WM_CLOSE, WS_EX_TOPMOST,  # noqa: E402
+                          WineSession)
 
-WM_CLOSE = 0x10
-WS_EX_TOPMOST = 0x8
 DPI = 144
 # The home monitor's controls at 144 DPI (X coordinates; the home monitor
 # is the primary one at the screen's top-left).
@@ -131,7 +130,7 @@ def soak(minutes, seed, out):
     seconds = minutes * 60
     warm_up = min(60.0, seconds / 4)
     with WineSession("soak", heads=TWO_MONITORS, dpi=DPI, artifacts=out, sound_capture=True,
-                     font_replacements={"Segoe UI Symbol": "DejaVu Sans"}) as session:
+                     font_replacements=SYMBOL_FACE) as session:
         process, windows = session.start_puffino(len(TWO_MONITORS))
         pid = windows[0]["pid"]
         toddler = Toddler(session, seed)
@@ -159,7 +158,7 @@ def soak(minutes, seed, out):
             code = session.wait_exit(process)
             if code != 0:
                 problem = f"play ended with exit code {code}"
-        best_file = session.user_folder() / "AppData/Roaming/morvenda/Tonkari/Puffino/high_score.txt"
+        best_file = session.app_data() / "high_score.txt"
         best = best_file.read_bytes().decode("ascii", "replace").strip() if best_file.is_file() else None
         if problem is None and not (best and best.isdigit() and int(best) > 0):
             problem = f"no best score on disk after play: {best!r}"

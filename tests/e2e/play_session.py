@@ -6,12 +6,10 @@ import os
 import subprocess
 import unittest
 
-from wine_session import PUFFINO_EXE, REPO, TWO_MONITORS, WINDOWS_BUILD, WineSession
+from wine_session import PUFFINO_EXE, REPO, TWO_MONITORS, WINDOWS_BUILD, WM_CLOSE, WineSession
 
-WM_CLOSE = 0x10
 WM_DISPLAYCHANGE = 0x7E
 WM_GUARDED_KEY = 0x8001
-WS_EX_TOPMOST = 0x8
 VK_F4 = 0x73
 KEY_WATCH_EXE = WINDOWS_BUILD / "tests" / "key_watch.exe"
 # ALSA's null sink as the default device: Wine then has a playback device.

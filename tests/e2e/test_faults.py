@@ -13,11 +13,11 @@ import unittest
 
 import numpy
 
-from play_session import (DEFAULT_CONFIG, VK_F4, WM_DISPLAYCHANGE, WM_GUARDED_KEY, WS_EX_TOPMOST, PlaySession,
+from play_session import (DEFAULT_CONFIG, VK_F4, WM_DISPLAYCHANGE, WM_GUARDED_KEY, PlaySession,
                           config_bytes, unwritable)
 from scene_session import OTHER, SceneSession
 from scene_sight import Grabber, save_png
-from wine_session import PROBE_EXE, PUFFINO_EXE, WINDOWS_BUILD
+from wine_session import PROBE_EXE, PUFFINO_EXE, WINDOWS_BUILD, WS_EX_TOPMOST
 
 DISPLAY_CHANGE = (WM_DISPLAYCHANGE, 32, 1920 | 1080 << 16)  # bits per pixel, size
 

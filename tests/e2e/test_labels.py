@@ -11,6 +11,7 @@ import unittest
 import numpy
 
 from scene_session import SceneSession
+from wine_session import SYMBOL_FACE
 
 HOME_SIZE = (1920, 1080)
 # (name, box at 96 DPI on the 1920x1080 home monitor, the corner it keeps
@@ -62,7 +63,7 @@ class Labels(unittest.TestCase):
 
     def start(self, learn=True, **options):
         self.scene = SceneSession(f"{type(self).__name__}-{self._testMethodName}", self.addCleanup,
-                                  font_replacements={"Segoe UI Symbol": "DejaVu Sans"}, **options)
+                                  font_replacements=SYMBOL_FACE, **options)
         self.scene.session.app_data().mkdir(parents=True)
         (self.scene.session.app_data() / "config.ini").write_bytes(
             "\ufeff[UI]\r\nLanguage=ja\r\n".encode("utf-16-le"))

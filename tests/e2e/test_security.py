@@ -13,8 +13,9 @@ import stat
 import unittest
 from pathlib import Path
 
-from play_session import DEFAULT_CONFIG, NULL_AUDIO, VK_F4, WS_EX_TOPMOST, PlaySession, config_bytes
+from play_session import DEFAULT_CONFIG, NULL_AUDIO, VK_F4, PlaySession, config_bytes
 from scene_session import SceneSession
+from wine_session import WS_EX_TOPMOST
 
 VK_TAB, VK_ESCAPE, VK_F12, VK_A = 0x09, 0x1B, 0x7B, 0x41
 # (keys for xdotool, the key's virtual code, whether the guard lets it

@@ -9,9 +9,8 @@ import unittest
 
 from play_session import PlaySession
 from scene_sight import SceneSight
-from wine_session import PUFFINO_EXE
+from wine_session import PUFFINO_EXE, WS_EX_TOPMOST
 
-WS_EX_TOPMOST = 0x8
 WS_EX_TOOLWINDOW = 0x80
 WS_POPUP = 0x80000000
 WS_VISIBLE = 0x10000000

@@ -8,14 +8,13 @@ import threading
 import time
 
 from scene_sight import Grabber, SceneSight, save_png
-from wine_session import TWO_MONITORS, WineSession
+from wine_session import TWO_MONITORS, WM_CLOSE, WineSession
 
 HOME = (0, 0, 1920, 1080)  # the primary monitor, where Puffino starts
 OTHER = (1920, 0, 3200, 1024)
 # The penguin, its hint, the buttons and the labels of the home monitor are
 # no bubbles; every look leaves them out.
 HOME_LABELS = ((0, 0, 1920, 200), (1000, 560, 1920, 1080), (0, 950, 130, 1080))
-WM_CLOSE = 0x10
 
 
 def distance(a, b):

@@ -29,6 +29,11 @@ CONVERT = "/usr/bin/convert"
 
 # 1920x1080 primary with a 1280x1024 monitor to its right.
 TWO_MONITORS = ("1920x1080+0+0", "1280x1024+1920+0")
+# Windows draws Puffino's button symbols with Segoe UI Symbol; a Wine prefix
+# has no such face, and DejaVu Sans carries the same symbols.
+SYMBOL_FACE = {"Segoe UI Symbol": "DejaVu Sans"}
+WM_CLOSE = 0x10
+WS_EX_TOPMOST = 0x8
 
 
 def wine_environment(prefix, display=None, heads=()):
