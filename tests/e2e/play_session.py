@@ -4,6 +4,7 @@ keeps one Wine session for its class and ends every Puffino it starts."""
 
 import os
 import subprocess
+import time
 import unittest
 
 from wine_session import PUFFINO_EXE, REPO, TWO_MONITORS, WINDOWS_BUILD, WM_CLOSE, WineSession
@@ -97,6 +98,28 @@ class PlaySession(unittest.TestCase):
         self.session.xdotool("mousemove", 400, 300)  # X focus follows the pointer onto Puffino
         for key in keys:
             self.session.xdotool("key", key)
+
+
+def hold_down(session, point, done, pops, tries=3, patience=6.0):
+    """Presses the mouse at the point and holds it until done() gives
+    something true; returns that and the moment of the press that brought
+    it. A press tries the bubbles before the penguin, and ambient bubbles
+    rise through the penguin: a press that meets one pops it instead (pops()
+    counts the pops heard), and the child lets go and presses again. A press
+    that neither gets there nor pops is a failure."""
+    for _ in range(tries):
+        before = pops()
+        session.xdotool("mousemove", *point, "mousedown", 1)
+        pressed = time.monotonic()
+        while time.monotonic() < pressed + patience:
+            value = done()
+            if value:
+                return value, pressed
+            time.sleep(0.05)
+        session.xdotool("mouseup", 1)
+        if pops() <= before:
+            raise AssertionError(f"a press at {point} neither got there nor popped a bubble")
+    raise AssertionError(f"{tries} presses at {point} each met a bubble")
 
 
 def unwritable(path):

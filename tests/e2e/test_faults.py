@@ -14,7 +14,7 @@ import unittest
 import numpy
 
 from play_session import (DEFAULT_CONFIG, VK_F4, WM_DISPLAYCHANGE, WM_GUARDED_KEY, PlaySession,
-                          config_bytes, unwritable)
+                          config_bytes, hold_down, unwritable)
 from scene_session import OTHER, SceneSession
 from scene_sight import Grabber, save_png
 from wine_session import PROBE_EXE, PUFFINO_EXE, WINDOWS_BUILD, WS_EX_TOPMOST
@@ -108,6 +108,12 @@ class PlayGoesOn(PlaySession):
     def new_chirps(self):
         return self.chirps()[self.chirps_before:]
 
+    def hold_penguin(self, done):
+        """Holds the penguin down until done() is true (a press that meets a
+        rising bubble pops it, and the child presses again)."""
+        return hold_down(self.session, ON_PENGUIN, done,
+                         lambda: len(self.session.sound_streams()) - len(self.chirps()))
+
     def rebuilt(self, old):
         """The windows of a rebuild: as many as before, none of the old
         handles, all painted; None until then."""
@@ -146,9 +152,8 @@ class PlayGoesOn(PlaySession):
                                       env=self.session.program_env(), stdout=out, stderr=subprocess.DEVNULL)
         self.session.processes.append(waiter)
         self.session.wait_for(lambda: log.read_text().startswith("waiting"), "the probe waiting for the press")
-        self.session.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
-        pressed = time.monotonic()
-        self.assertEqual(waiter.wait(timeout=60), 0, "the change posted during the press")
+        _, pressed = self.hold_penguin(lambda: waiter.poll() is not None)
+        self.assertEqual(waiter.returncode, 0, "the change posted during the press")
         windows = self.session.wait_for(lambda: self.rebuilt(windows), "the rebuilt windows")
         # Held on well past the blowing point: the rebuild cancelled the
         # press, so the penguin stands and shows its hint again.
@@ -160,8 +165,7 @@ class PlayGoesOn(PlaySession):
         self.session.xdotool("mouseup", 1)
 
         # A hold that blows, and the display changes under it.
-        self.session.xdotool("mousedown", 1)
-        self.session.wait_for(self.new_chirps, "the blow chirp")
+        self.hold_penguin(self.new_chirps)
         self.session.wait_for(lambda: blowing(self.grab()), "the penguin blowing")
         self.grab("blowing")
         self.session.post(self.home(windows)["hwnd"], *DISPLAY_CHANGE)
@@ -226,8 +230,7 @@ class PlayGoesOn(PlaySession):
                 if penguin is not None:
                     self.assertEqual(count(frame, PENGUIN, PENGUIN_BLUE) > 3000, penguin)
                 # The penguin's place still answers a hold, drawn or not.
-                self.session.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
-                self.session.wait_for(self.new_chirps, "the blow chirp")
+                self.hold_penguin(self.new_chirps)
                 self.session.xdotool("mouseup", 1)
                 self.end(self.home(windows))
 

@@ -10,6 +10,7 @@ import unittest
 
 import numpy
 
+from play_session import hold_down
 from scene_session import SceneSession
 
 # At 96 DPI on the 1920x1080 home monitor the art (420x480) is drawn 240 px
@@ -66,7 +67,10 @@ class Penguin(unittest.TestCase):
     def test_a_one_second_hold_blows_bubbles_from_its_mouth(self):
         self.start()
         before = self.sight.differing(self.sight.grab()[1], ABOVE_PENGUIN).sum()
-        blowing, pressed = self.press_until_blowing()
+        def blowing_frame():
+            frame = self.sight.grab()[1]
+            return [frame] if self.pursed_beak(frame) > 15 else None
+        (blowing,), pressed = hold_down(self.scene.session, HOLD_POINT, blowing_frame, self.scene.sounds_heard)
         self.assertGreater(time.monotonic() - pressed, 0.3, "a hold, not a tap, starts blowing")
 
         def stream(frame):
@@ -117,23 +121,6 @@ class Penguin(unittest.TestCase):
                                     timeout=10)
         watch.stop()
         self.assertEqual(self.scene.close(), 0)
-
-    def press_until_blowing(self, tries=3):
-        """Holds the penguin down until it blows: the frame of the blowing
-        pose and the moment of the press that began it. A press pops the
-        newest bubble under it before it reaches the penguin, and ambient
-        bubbles rise through the penguin, so a press that meets one is a
-        pop, not a hold: the child lets go and presses again."""
-        for _ in range(tries):
-            heard = self.scene.sounds_heard()
-            self.scene.session.xdotool("mousemove", *HOLD_POINT, "mousedown", 1)
-            pressed = time.monotonic()
-            frame = self.scene.first_grab(lambda f: self.pursed_beak(f) > 15, 4)
-            if frame is not None:
-                return frame, pressed
-            self.scene.session.xdotool("mouseup", 1)
-            self.assertGreater(self.scene.sounds_heard(), heard, "a press that neither blew nor popped")
-        self.fail(f"no blowing pose in {tries} presses of four seconds")
 
     @staticmethod
     def pursed_beak(frame):
