@@ -3,6 +3,7 @@
 // coordinates of one window share these plain records.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 struct Point {
@@ -32,4 +33,15 @@ inline bool Meets(const Rect& a, const Rect& b) {
 
 inline Rect Offset(const Rect& r, int32_t dx, int32_t dy) {
     return {r.left + dx, r.top + dy, r.right + dx, r.bottom + dy};
+}
+
+// The smallest rectangle around both, and the part they share (empty when
+// they do not meet).
+inline Rect Union(const Rect& a, const Rect& b) {
+    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
+            std::max(a.bottom, b.bottom)};
+}
+inline Rect Intersection(const Rect& a, const Rect& b) {
+    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+            std::min(a.bottom, b.bottom)};
 }

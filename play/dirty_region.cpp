@@ -10,16 +10,6 @@
 
 namespace {
 
-Rect Union(const Rect& a, const Rect& b) {
-    return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
-            std::max(a.bottom, b.bottom)};
-}
-
-Rect Intersection(const Rect& a, const Rect& b) {
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-            std::min(a.bottom, b.bottom)};
-}
-
 // The first stored rectangle from index `from` on that, grown by one pixel,
 // overlaps r (they touch or overlap); the count when there is none. For
 // whole numbers left - 1 < right is left <= right, which cannot overflow at

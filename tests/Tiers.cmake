@@ -56,27 +56,35 @@ puffino_wine_test(shell.two_monitors
   COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=TwoMonitors.*)
 puffino_wine_test(shell.left_of_primary HEADS ${LEFT_OF_PRIMARY}
   COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=LeftOfPrimary.*)
-puffino_wine_test(compose COMMAND ${WINE_TEST_PROGRAMS}/compose_tests.exe)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
 # config.ini and high_score.txt on real files under Wine.
 puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)
-# The landscapes and the pose pictures. A 16384 x 16384 picture takes half a
-# minute: on its own, beside the others.
-puffino_wine_test(pictures COMMAND ${WINE_TEST_PROGRAMS}/picture_tests.exe --gtest_filter=-*HugePicture*)
-puffino_wine_test(pictures.huge COMMAND ${WINE_TEST_PROGRAMS}/picture_tests.exe --gtest_filter=*HugePicture*)
-# The fonts, the outlined text and the labels, with DejaVu Sans for the
-# symbol font so that the button symbols show; then with two of the five
-# fallback families "installed" (the first without a bold face, the regular
-# rounded face; the third with one, DejaVu Sans); then without any usable
-# family: panels without text.
-puffino_wine_test(text REPLACE_FONTS "Segoe UI Symbol=DejaVu Sans"
-  COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=-InstalledFallbacks.*)
-puffino_wine_test(text.installed_fallbacks
+# The pose pictures' loading. A 16384 x 16384 picture takes half a minute:
+# on its own, beside the others.
+puffino_wine_test(pose_pictures COMMAND ${WINE_TEST_PROGRAMS}/picture_tests.exe --gtest_filter=-*HugePicture*)
+puffino_wine_test(pose_pictures.huge COMMAND ${WINE_TEST_PROGRAMS}/picture_tests.exe --gtest_filter=*HugePicture*)
+# The font choice with two of the five fallback families "installed" (the
+# first without a bold face, the regular rounded face; the third with one,
+# DejaVu Sans), and with the shipped files.
+puffino_wine_test(fonts COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=-InstalledFallbacks.*)
+puffino_wine_test(fonts.installed_fallbacks
   INSTALL_FONTS ${PUFFINO_WINDOWS_BUILD}/Fonts/MPLUSRounded1c-Regular.ttf
   REPLACE_FONTS "HGP創立者角ポップ体 W9=Rounded Mplus 1c" "Yu Kyokasho Yoko=DejaVu Sans"
   COMMAND ${WINE_TEST_PROGRAMS}/text_tests.exe --gtest_filter=InstalledFallbacks.*)
-puffino_wine_test(text.without_fonts
-  COMMAND ${WINE_TEST_PROGRAMS}/without_fonts/text_tests.exe --gtest_filter=Labels.EachStays*)
+
+# What is drawn, against the reference pictures in tests/reference_pictures
+# (DejaVu Sans standing in for the symbol font, which Wine lacks); the
+# pictures and the difference maps of a failure land in the build tree.
+# PUFFINO_REMAKE_PICTURES=1 (./puffino pictures) writes the references anew.
+set(REFERENCE_PICTURES Z:${PROJECT_SOURCE_DIR}/tests/reference_pictures/gdiplus)
+set(PICTURES_OUT Z:${CMAKE_BINARY_DIR}/test-artifacts/pictures)
+set(POSE_FOLDER Z:${PUFFINO_WINDOWS_BUILD}/assets/penguin)
+puffino_wine_test(pictures REPLACE_FONTS "Segoe UI Symbol=DejaVu Sans"
+  COMMAND ${WINE_TEST_PROGRAMS}/scene_pictures.exe ${REFERENCE_PICTURES} ${PICTURES_OUT} ${POSE_FOLDER}
+          --gtest_filter=-*without_fonts)
+puffino_wine_test(pictures.without_fonts
+  COMMAND ${WINE_TEST_PROGRAMS}/without_fonts/scene_pictures.exe ${REFERENCE_PICTURES} ${PICTURES_OUT}
+          ${POSE_FOLDER} --gtest_filter=*without_fonts)
 
 # The real Puffino.exe: its windows, the launch value and the penguin's long
 # press; the scene, the penguin and every word as a person sees them.

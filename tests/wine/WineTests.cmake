@@ -49,8 +49,7 @@ puffino_wine_tests(settings_tests
   ${SETTINGS_SOURCES}
   ${PROJECT_SOURCE_DIR}/app/shell.cpp)
 
-# The pictures: the landscapes, the pose pictures' loading with fallbacks
-# and their clean-up, and the penguin drawn from them over a landscape.
+# The pose pictures' loading with its fallbacks and their clean-up.
 set(POSE_LOADER_SOURCES
   ${PROJECT_SOURCE_DIR}/assets/penguin_images_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_prepare_win.cpp
@@ -61,17 +60,8 @@ set(SCENERY_SOURCES
   ${PROJECT_SOURCE_DIR}/render/scenery_layout.cpp
   ${PROJECT_SOURCE_DIR}/render/scenery_win.cpp)
 puffino_wine_tests(picture_tests
-  ${CMAKE_CURRENT_LIST_DIR}/scenery_tests.cpp
   ${CMAKE_CURRENT_LIST_DIR}/penguin_images_tests.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/penguin_sprite_tests.cpp
-  ${PROJECT_SOURCE_DIR}/render/penguin_sprite_win.cpp
-  ${PROJECT_SOURCE_DIR}/render/pose_drawing_win.cpp
-  ${PROJECT_SOURCE_DIR}/render/penguin_motion.cpp
-  ${PROJECT_SOURCE_DIR}/render/pose_placement.cpp
-  ${PROJECT_SOURCE_DIR}/play/screen_areas.cpp
-  ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
-  ${POSE_LOADER_SOURCES}
-  ${SCENERY_SOURCES})
+  ${POSE_LOADER_SOURCES})
 add_dependencies(picture_tests pose_pictures)
 
 # Not a test: paints every landscape into PNG files for a person to look at
@@ -89,42 +79,26 @@ add_custom_command(OUTPUT ${TESTS_OUT}/Fonts/MPLUSRounded1c-Regular.ttf
           ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Black.ttf ${TESTS_OUT}/Fonts
   DEPENDS ${PUFFINO_FONT_FILES} VERBATIM)
 add_custom_target(test_fonts ALL DEPENDS ${TESTS_OUT}/Fonts/MPLUSRounded1c-Regular.ttf)
-# The fonts, the outlined text and the labels as the home window gets
-# them. A copy of the program away from the "Fonts" folder finds no usable
-# family at all.
+# The fonts as the labels get them.
 puffino_wine_tests(text_tests
   ${CMAKE_CURRENT_LIST_DIR}/font_tests.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/outlined_text_tests.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/labels_tests.cpp
-  ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/font_folders.cpp
-  ${PROJECT_SOURCE_DIR}/assets/fonts_win.cpp
-  ${PROJECT_SOURCE_DIR}/text/text_lines.cpp
-  ${PROJECT_SOURCE_DIR}/text/text_metrics.cpp
-  ${PROJECT_SOURCE_DIR}/text/outlined_text_win.cpp
-  ${PROJECT_SOURCE_DIR}/play/screen_areas.cpp
-  ${PROJECT_SOURCE_DIR}/settings/language.cpp
-  ${PROJECT_SOURCE_DIR}/text/label_layout.cpp
-  ${PROJECT_SOURCE_DIR}/text/labels_win.cpp)
+  ${PROJECT_SOURCE_DIR}/assets/fonts_win.cpp)
 add_dependencies(text_tests test_fonts)
-add_custom_command(TARGET text_tests POST_BUILD
-  COMMAND ${CMAKE_COMMAND} -E make_directory ${TESTS_OUT}/without_fonts
-  COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:text_tests> ${TESTS_OUT}/without_fonts
-  VERBATIM)
 
-# The frame composition over the real landscapes and bubble drawing, with
-# recording stand-ins for the penguin and the labels.
-puffino_wine_tests(compose_tests
-  ${CMAKE_CURRENT_LIST_DIR}/compose_tests.cpp
-  ${SCENERY_SOURCES}
-  ${PROJECT_SOURCE_DIR}/render/compose_frame_win.cpp
-  ${PROJECT_SOURCE_DIR}/render/frame_buffers_win.cpp
-  ${PROJECT_SOURCE_DIR}/render/bubble_drawing_win.cpp
-  ${PROJECT_SOURCE_DIR}/render/bubble_look.cpp
-  ${PROJECT_SOURCE_DIR}/render/frame_layers.cpp
-  ${PROJECT_SOURCE_DIR}/play/screen_areas.cpp
-  ${PROJECT_SOURCE_DIR}/app/display_windows.cpp
-  ${PROJECT_SOURCE_DIR}/app/shell.cpp
-  ${PROJECT_SOURCE_DIR}/settings/language.cpp)
+# The reference scenes composed by the whole program's drawing, with the
+# shipped fonts and pose pictures. A copy away from the "Fonts" folder draws
+# the labels without any usable family.
+add_executable(scene_pictures ${PROJECT_SOURCE_DIR}/tests/pictures/scene_pictures_win.cpp
+  ${PROJECT_SOURCE_DIR}/tests/pictures/scenes.cpp ${PROJECT_SOURCE_DIR}/tests/pictures/picture_compare.cpp
+  ${PUFFINO_WIN_SOURCES} ${PUFFINO_PORTABLE_SOURCES})
+target_link_options(scene_pictures PRIVATE -municode)
+target_link_libraries(scene_pictures PRIVATE gtest ${PUFFINO_SYSTEM_LIBRARIES})
+set_target_properties(scene_pictures PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})
+add_dependencies(scene_pictures pose_pictures test_fonts)
+add_custom_command(TARGET scene_pictures POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E make_directory ${TESTS_OUT}/without_fonts
+  COMMAND ${CMAKE_COMMAND} -E copy $<TARGET_FILE:scene_pictures> ${TESTS_OUT}/without_fonts
+  VERBATIM)
