@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,9 @@ struct Scene {
 constexpr uint32_t kPlainBackground = 0xFF9CC8E8;
 
 const std::vector<Scene>& Scenes();
+
+// Test reports name a scene by its name.
+inline void PrintTo(const Scene& scene, std::ostream* out) { *out << scene.name; }
 
 // Sets the program's records for the scene: display windows (without
 // buffers), DPI scale, language, sound, best score, a laid-out play field
