@@ -32,7 +32,7 @@ target_include_directories(portable_header_check PRIVATE ${PROJECT_SOURCE_DIR})
 
 include(${PROJECT_SOURCE_DIR}/tests/unit/UnitTests.cmake)
 include(${PROJECT_SOURCE_DIR}/tests/harness/Harness.cmake)
-include(${PROJECT_SOURCE_DIR}/tests/benchmark/Benchmarks.cmake)
+include(${PROJECT_SOURCE_DIR}/benchmarks/Benchmarks.cmake)
 
 # Puffino.exe and the Windows test programs, built by the cross toolchain.
 include(ExternalProject)

@@ -79,5 +79,5 @@ set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
 add_subdirectory(/usr/src/googletest ${CMAKE_CURRENT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL)
 
 include(${PROJECT_SOURCE_DIR}/tests/wine/WineTests.cmake)
-include(${PROJECT_SOURCE_DIR}/tests/benchmark/WineBenchmarks.cmake)
+include(${PROJECT_SOURCE_DIR}/benchmarks/WineBenchmarks.cmake)
 include(${PROJECT_SOURCE_DIR}/cmake/Release.cmake)

@@ -1,5 +1,5 @@
 # Speed and memory measurements of the portable core with Google Benchmark:
-# one program per tests/benchmark/*_benchmark.cpp, optimised as the shipped
+# one program per benchmarks/*_benchmark.cpp, optimised as the shipped
 # Puffino.exe is (CMake's Release flags, -O3 -DNDEBUG) whatever the build
 # type, built with everything else but never run by the test command.
 #   ./puffino bench   (builds them, then runs each)
