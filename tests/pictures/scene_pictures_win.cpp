@@ -8,18 +8,10 @@
 //
 // With PUFFINO_REMAKE_PICTURES=1 in the environment the rendered pictures
 // replace the references instead (after an intended change; look at each).
-#include <windows.h>
-#include <objbase.h>
-#include <gdiplus.h>
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <filesystem>
-#include <string>
+#include <memory>
 
 #include "app/display_windows.h"
-#include "assets/asset_paths.h"
-#include "assets/fonts.h"
 #include "assets/penguin_images.h"
 #include "play/dirty_region.h"
 #include "play/play_field.h"
@@ -27,6 +19,7 @@
 #include "render/frame_buffers.h"
 #include "tests/pictures/picture_compare.h"
 #include "tests/pictures/scenes.h"
+#include "tests/wine/gdiplus_test_support_win.h"
 
 namespace {
 
@@ -117,25 +110,16 @@ Picture Render(const Scene& scene, bool onlyRepaintBoxes) {
 }
 
 bool SavePng(const Picture& picture, const std::wstring& path) {
-    static const CLSID kPngEncoder = {0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
     Gdiplus::Bitmap bitmap(picture.width, picture.height, picture.width * 4, PixelFormat32bppARGB,
                            reinterpret_cast<BYTE*>(const_cast<uint32_t*>(picture.pixels.data())));
-    return bitmap.Save(path.c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
+    return SavePng(bitmap, path);
 }
 
 // The picture in the file; empty when there is none.
 Picture LoadPng(const std::wstring& path) {
     if (!std::filesystem::exists(path)) return {};
     Gdiplus::Bitmap bitmap(path.c_str());
-    Picture picture{static_cast<int32_t>(bitmap.GetWidth()), static_cast<int32_t>(bitmap.GetHeight()), {}};
-    picture.pixels.resize(static_cast<size_t>(picture.width) * picture.height);
-    Gdiplus::Rect all(0, 0, picture.width, picture.height);
-    Gdiplus::BitmapData data{static_cast<UINT>(picture.width), static_cast<UINT>(picture.height),
-                             picture.width * 4, PixelFormat32bppARGB, picture.pixels.data(), 0};
-    bitmap.LockBits(&all, Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeUserInputBuf, PixelFormat32bppARGB,
-                    &data);
-    bitmap.UnlockBits(&data);
-    return picture;
+    return {static_cast<int32_t>(bitmap.GetWidth()), static_cast<int32_t>(bitmap.GetHeight()), PixelsOf(bitmap)};
 }
 
 std::wstring Wide(const std::string& text) { return std::wstring(text.begin(), text.end()); }

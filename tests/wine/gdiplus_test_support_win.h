@@ -1,5 +1,5 @@
 // GDI+ for the Windows-side tests: started and shut down around each test,
-// and off-screen ARGB bitmaps read back pixel by pixel or saved as PNG.
+// and ARGB bitmaps read back pixel by pixel or saved as PNG.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,13 +8,11 @@
 #include <objbase.h>
 #include <gdiplus.h>
 
-#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "app/geometry.h"
 #include "assets/asset_paths.h"
 #include "assets/fonts.h"
 
@@ -50,44 +48,8 @@ inline std::vector<uint32_t> PixelsOf(Gdiplus::Bitmap& bitmap) {
     return pixels;
 }
 
-// The bounding box of every pixel that is not fully transparent; right -1
-// when there is none.
-inline Rect InkOf(Gdiplus::Bitmap& bitmap) {
-    const int width = static_cast<int>(bitmap.GetWidth()), height = static_cast<int>(bitmap.GetHeight());
-    const std::vector<uint32_t> pixels = PixelsOf(bitmap);
-    Rect ink{width, height, -1, -1};
-    for (int i = 0; i < width * height; ++i) {
-        if (pixels[i] >> 24 == 0) continue;
-        const int x = i % width, y = i / width;
-        ink = {std::min(ink.left, x), std::min(ink.top, y), std::max(ink.right, x + 1), std::max(ink.bottom, y + 1)};
-    }
-    return ink;
-}
-
 // Saves a bitmap as PNG; false if GDI+ could not.
 inline bool SavePng(Gdiplus::Bitmap& bitmap, const std::wstring& path) {
     static const CLSID kPngEncoder = {0x557cf406, 0x1a04, 0x11d3, {0x9a, 0x73, 0x00, 0x00, 0xf8, 0x1e, 0xf3, 0x2e}};
     return bitmap.Save(path.c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
 }
-
-// A transparent 32-bit ARGB picture with its graphics, anti-aliased as a
-// frame's graphics are.
-struct Canvas {
-    Canvas(int width, int height) : bitmap(width, height, PixelFormat32bppARGB), graphics(&bitmap) {
-        graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
-        graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintAntiAliasGridFit);
-        graphics.Clear(Gdiplus::Color(0));
-    }
-
-    std::vector<uint32_t> Pixels() { return PixelsOf(bitmap); }
-
-    // Saves the picture beside the test program, in renders\, to be looked at.
-    bool SaveAs(const wchar_t* name) {
-        const std::wstring folder = JoinPath(ExecutableFolder(), L"renders");
-        std::filesystem::create_directories(folder);
-        return SavePng(bitmap, JoinPath(folder, name));
-    }
-
-    Gdiplus::Bitmap bitmap;
-    Gdiplus::Graphics graphics;
-};
