@@ -112,7 +112,7 @@ Picture Render(const Scene& scene, bool onlyRepaintBoxes) {
 bool SavePng(const Picture& picture, const std::wstring& path) {
     Gdiplus::Bitmap bitmap(picture.width, picture.height, picture.width * 4, PixelFormat32bppARGB,
                            reinterpret_cast<BYTE*>(const_cast<uint32_t*>(picture.pixels.data())));
-    return SavePng(bitmap, path);
+    return ::SavePng(bitmap, path);
 }
 
 // The picture in the file; empty when there is none.
