@@ -52,10 +52,7 @@ endfunction()
 # Monitor layouts, primary first, in X screen coordinates.
 set(LEFT_OF_PRIMARY 1920x1080+1920+0,1920x1080+0+0)
 
-puffino_wine_test(shell.two_monitors
-  COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=TwoMonitors.*)
-puffino_wine_test(shell.left_of_primary HEADS ${LEFT_OF_PRIMARY}
-  COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe --gtest_filter=LeftOfPrimary.*)
+puffino_wine_test(shell COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
 # config.ini and high_score.txt on real files under Wine.
 puffino_wine_test(settings COMMAND ${WINE_TEST_PROGRAMS}/settings_tests.exe)
