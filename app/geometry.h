@@ -45,3 +45,19 @@ inline Rect Intersection(const Rect& a, const Rect& b) {
     return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
             std::min(a.bottom, b.bottom)};
 }
+
+// Float geometry as the drawing takes it: boxes by top-left corner and size.
+struct PointF {
+    float x = 0;
+    float y = 0;
+};
+struct BoxF {
+    float x = 0;
+    float y = 0;
+    float width = 0;
+    float height = 0;
+};
+struct LineF {
+    PointF from;
+    PointF to;
+};

@@ -22,16 +22,16 @@ constexpr std::array<const wchar_t*, 5> kFallbackFamilyNames = {
 struct Fonts {
     LoadedFont regular;  // "MPLUSRounded1c-Regular.ttf"
     LoadedFont black;    // "MPLUSRounded1c-Black.ttf"
-    std::array<std::unique_ptr<Gdiplus::FontFamily>, kFallbackFamilyNames.size()> fallbacks;
-    const Gdiplus::FontFamily* label = nullptr;
-    const Gdiplus::FontFamily* praise = nullptr;
+    std::array<std::unique_ptr<FontFace>, kFallbackFamilyNames.size()> fallbacks;
+    const FontFace* label = nullptr;
+    const FontFace* praise = nullptr;
 };
 Fonts g_fonts;
 
 // Reading the status resets it, as the GDI+ wrappers do; a family made from
 // the name of a font that is not installed has no native handle.
-bool IsUsable(const Gdiplus::FontFamily& family) {
-    return family.GetLastStatus() == Gdiplus::Ok && family.IsAvailable();
+bool IsUsable(const FontFace& face) {
+    return face.family.GetLastStatus() == Gdiplus::Ok && face.family.IsAvailable();
 }
 
 void Unload(LoadedFont& font) {
@@ -51,7 +51,7 @@ std::wstring FindFontFile(const wchar_t* fileName) {
     return PathExists(path) ? path : std::wstring();
 }
 
-const Gdiplus::FontFamily* LoadFontFile(LoadedFont& font, const std::wstring& path) {
+const FontFace* LoadFontFile(LoadedFont& font, const std::wstring& path) {
     std::ifstream stream(std::filesystem::path(path), std::ios::binary | std::ios::ate);
     if (!stream) return nullptr;
     const std::streamoff size = stream.tellg();
@@ -70,10 +70,10 @@ const Gdiplus::FontFamily* LoadFontFile(LoadedFont& font, const std::wstring& pa
         Unload(font);
         return nullptr;
     }
-    font.family = std::make_unique<Gdiplus::FontFamily>();
+    font.family = std::make_unique<FontFace>();
     INT found = 0;
-    const Gdiplus::Status listed = font.collection->GetFamilies(1, font.family.get(), &found);
-    if (listed == Gdiplus::Ok && found >= 1 && font.family->GetLastStatus() == Gdiplus::Ok) {
+    const Gdiplus::Status listed = font.collection->GetFamilies(1, &font.family->family, &found);
+    if (listed == Gdiplus::Ok && found >= 1 && font.family->family.GetLastStatus() == Gdiplus::Ok) {
         font.loaded = true;
         return font.family.get();
     }
@@ -81,7 +81,7 @@ const Gdiplus::FontFamily* LoadFontFile(LoadedFont& font, const std::wstring& pa
     return nullptr;
 }
 
-const Gdiplus::FontFamily* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName) {
+const FontFace* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName) {
     // One attempt per run: a face that failed is not tried again, and one
     // that loaded stays loaded even if its file goes away.
     if (font.attempted) return font.loaded ? font.family.get() : nullptr;
@@ -91,31 +91,28 @@ const Gdiplus::FontFamily* LoadPrivateFamily(LoadedFont& font, const wchar_t* fi
     return LoadFontFile(font, path);
 }
 
-const Gdiplus::FontFamily* ChooseFallbackFamily(bool boldRequired) {
+const FontFace* ChooseFallbackFamily(bool boldRequired) {
     if (!g_fonts.fallbacks[0]) {
         for (size_t i = 0; i < kFallbackFamilyNames.size(); ++i) {
-            g_fonts.fallbacks[i] = std::make_unique<Gdiplus::FontFamily>(kFallbackFamilyNames[i]);
+            g_fonts.fallbacks[i] = std::make_unique<FontFace>(kFallbackFamilyNames[i]);
         }
     }
     for (const auto& family : g_fonts.fallbacks) {
         if (!IsUsable(*family)) continue;
         // A failed query leaves its status in the family and counts as no.
-        if (!boldRequired || family->IsStyleAvailable(Gdiplus::FontStyleBold)) return family.get();
+        if (!boldRequired || family->family.IsStyleAvailable(Gdiplus::FontStyleBold)) return family.get();
     }
     // Nothing qualifies: the last entry, whose text then simply comes out
     // empty while the panels are still drawn.
     return g_fonts.fallbacks.back().get();
 }
 
-INT PathStyleFor(const Gdiplus::FontFamily* family) {
-    if (!family || family == LoadPrivateFamily(g_fonts.black, kBlackFontFile)) {
-        return Gdiplus::FontStyleRegular;
-    }
-    return family->IsStyleAvailable(Gdiplus::FontStyleBold) ? Gdiplus::FontStyleBold
-                                                            : Gdiplus::FontStyleRegular;
+int32_t PathStyleFor(const FontFace* face) {
+    if (!face || face == LoadPrivateFamily(g_fonts.black, kBlackFontFile)) return kFontRegular;
+    return face->family.IsStyleAvailable(Gdiplus::FontStyleBold) ? kFontBold : kFontRegular;
 }
 
-const Gdiplus::FontFamily* LabelFamily() {
+const FontFace* LabelFamily() {
     if (!g_fonts.label) {
         g_fonts.label = LoadPrivateFamily(g_fonts.regular, kRegularFontFile);
         if (!g_fonts.label) g_fonts.label = ChooseFallbackFamily(false);
@@ -123,7 +120,7 @@ const Gdiplus::FontFamily* LabelFamily() {
     return g_fonts.label;
 }
 
-const Gdiplus::FontFamily* PraiseFamily() {
+const FontFace* PraiseFamily() {
     if (!g_fonts.praise) {
         g_fonts.praise = LoadPrivateFamily(g_fonts.black, kBlackFontFile);
         // An installed family stands in for the black face only if it is bold.

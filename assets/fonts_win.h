@@ -12,13 +12,14 @@
 #include <vector>
 
 #include "assets/fonts.h"
+#include "render/canvas_win.h"
 
 // One font file and what GDI+ made of it. GDI+ reads the family's glyphs
 // from the bytes for as long as the collection lives, so they stay here.
 struct LoadedFont {
     std::vector<char> bytes;  // the whole file
     std::unique_ptr<Gdiplus::PrivateFontCollection> collection;
-    std::unique_ptr<Gdiplus::FontFamily> family;  // the file's first family
+    std::unique_ptr<FontFace> family;  // the file's first family
     bool attempted = false;  // the one load attempt was made
     bool loaded = false;     // and it gave a family
 };
@@ -29,24 +30,14 @@ std::wstring FindFontFile(const wchar_t* fileName);
 
 // The family of the named font file, or null. Only the first call for a
 // record looks at the disk; later calls report that outcome again.
-const Gdiplus::FontFamily* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName);
+const FontFace* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName);
 
 // The part of LoadPrivateFamily after the path is known: reads the file
 // into the record and makes its collection and family. On failure the
 // record keeps no collection, no family and no bytes.
-const Gdiplus::FontFamily* LoadFontFile(LoadedFont& font, const std::wstring& path);
+const FontFace* LoadFontFile(LoadedFont& font, const std::wstring& path);
 
 // An installed family from the fixed fallback list; with bold required,
 // only one that offers Bold. Never null: when nothing qualifies it is the
 // last entry, usable or not.
-const Gdiplus::FontFamily* ChooseFallbackFamily(bool boldRequired);
-
-// The style (FontStyleRegular or FontStyleBold) in which text becomes a path
-// in this family: bold wherever the family offers it, except the black face,
-// which is heavy enough already. Null gives Regular.
-INT PathStyleFor(const Gdiplus::FontFamily* family);
-
-// The families of the labels (regular face) and of the praise words (black
-// face), each chosen on its first use and kept until ReleaseFonts.
-const Gdiplus::FontFamily* LabelFamily();
-const Gdiplus::FontFamily* PraiseFamily();
+const FontFace* ChooseFallbackFamily(bool boldRequired);

@@ -22,3 +22,7 @@ void ReleasePenguinImages();
 // when that slot is empty. The play field places the penguin and its hit
 // test with it.
 bool PoseImageSize(PoseImage image, int32_t& width, int32_t& height);
+
+// Whether the celebrating picture came from "yatta.png" itself: only then
+// does the celebration cross-fade into it.
+bool CelebratingIsYatta();

@@ -99,3 +99,5 @@ bool PoseImageSize(PoseImage pose, int32_t& width, int32_t& height) {
     height = std::max<int32_t>(static_cast<int32_t>(image->GetHeight()), 1);
     return true;
 }
+
+bool CelebratingIsYatta() { return g_penguinImages.celebratingIsYatta; }

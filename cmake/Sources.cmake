@@ -1,24 +1,28 @@
 # The source lists shared by the native and the Windows build.
-# A file whose name ends in _win.cpp talks to Windows; every other source of
+# A file whose name ends in _win.cpp talks to Windows, one ending in
+# _linux.cpp to Linux's libraries (cairo, SDL, ...); every other source of
 # the subsystem folders is portable and is compiled natively as well, so a
 # stray Windows include outside a _win file breaks the native build.
 set(PUFFINO_SUBSYSTEMS app settings play render assets text)
 
 set(PUFFINO_PORTABLE_SOURCES "")
 set(PUFFINO_WIN_SOURCES "")
+set(PUFFINO_LINUX_SOURCES "")
 set(PUFFINO_PORTABLE_HEADERS "")
 foreach(dir IN LISTS PUFFINO_SUBSYSTEMS)
   file(GLOB sources CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${dir}/*.cpp")
   foreach(source IN LISTS sources)
     if(source MATCHES "_win\\.cpp$")
       list(APPEND PUFFINO_WIN_SOURCES "${source}")
+    elseif(source MATCHES "_linux\\.cpp$")
+      list(APPEND PUFFINO_LINUX_SOURCES "${source}")
     else()
       list(APPEND PUFFINO_PORTABLE_SOURCES "${source}")
     endif()
   endforeach()
   file(GLOB headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${dir}/*.h")
   foreach(header IN LISTS headers)
-    if(NOT header MATCHES "_win\\.h$")
+    if(NOT header MATCHES "_(win|linux)\\.h$")
       list(APPEND PUFFINO_PORTABLE_HEADERS "${header}")
     endif()
   endforeach()

@@ -1,7 +1,7 @@
 // How a soap bubble and the burst it leaves look, as numbers: every ellipse
 // of a bubble with its colour and pen, the golden halo's pulse, and the
-// fading rings and droplets of a pop. The GDI+ drawers
-// (bubble_drawing_win.cpp) only turn these into fills and outlines.
+// fading rings and droplets of a pop. The drawers
+// (bubble_drawing.cpp) only turn these into fills and outlines.
 #pragma once
 
 #include <array>

@@ -1,6 +1,6 @@
 // The five landscapes as numbers: where every sun, cloud, wave, mountain,
 // tree and flower of a theme goes on a window of a given size, and the exact
-// shapes each element painter fills. The GDI+ painters (scenery_win.cpp)
+// shapes each element painter fills. The painters (scenery.cpp)
 // only turn these numbers into brushes, pens and fills.
 #pragma once
 
@@ -40,22 +40,6 @@ constexpr ColourRef ColourRefFromArgb(uint32_t argb) {
 constexpr uint32_t ArgbFromColourRef(ColourRef colour, uint32_t alpha = 0xFF) {
     return (alpha & 0xFF) << 24 | (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
 }
-
-// Float geometry in the form GDI+ takes it: boxes by top-left corner and size.
-struct PointF {
-    float x = 0;
-    float y = 0;
-};
-struct BoxF {
-    float x = 0;
-    float y = 0;
-    float width = 0;
-    float height = 0;
-};
-struct LineF {
-    PointF from;
-    PointF to;
-};
 
 // The scale unit k = min(W, H) / 750: every sun, cloud, tree, flower and
 // wave is a multiple of it, so a scene keeps its proportions on any monitor

@@ -1,5 +1,5 @@
 // Where the pieces of each label go and how the praise and the hint balloon
-// move: the numbers behind the label drawings (labels_win.cpp), apart from
+// move: the numbers behind the label drawings (labels.cpp), apart from
 // GDI+ so that they run natively. Every length is a 96-dpi length times
 // g_dpiScale; every position is in play-field coordinates. The repaint
 // boxes around the labels are the play field's (play/screen_areas.h).

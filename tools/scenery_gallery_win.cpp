@@ -6,7 +6,8 @@
 #include <string>
 
 #include "render/frame_buffers.h"
-#include "render/scenery_win.h"
+#include "render/canvas_win.h"
+#include "render/scenery.h"
 
 namespace {
 
@@ -44,7 +45,8 @@ int wmain(int argc, wchar_t** argv) {
                 Gdiplus::Graphics graphics(&bitmap);
                 graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
                 graphics.Clear(Gdiplus::Color(kSceneryClearColour));
-                DrawScenery(graphics, {0, 0, width, height}, theme);
+                Canvas canvas{graphics};
+                DrawScenery(canvas, {0, 0, width, height}, theme);
             }
             const std::wstring file = std::wstring(argv[1]) + L"\\" + kThemeNames[theme] + L"-" +
                                       std::to_wstring(width) + L"x" + std::to_wstring(height) + L".png";

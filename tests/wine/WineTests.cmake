@@ -56,9 +56,6 @@ set(POSE_LOADER_SOURCES
   ${PROJECT_SOURCE_DIR}/assets/sprite_filters.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
-set(SCENERY_SOURCES
-  ${PROJECT_SOURCE_DIR}/render/scenery_layout.cpp
-  ${PROJECT_SOURCE_DIR}/render/scenery_win.cpp)
 puffino_wine_tests(picture_tests
   ${CMAKE_CURRENT_LIST_DIR}/penguin_images_tests.cpp
   ${POSE_LOADER_SOURCES})
@@ -66,7 +63,8 @@ add_dependencies(picture_tests pose_pictures)
 
 # Not a test: paints every landscape into PNG files for a person to look at
 # (tools/scenery_gallery.py).
-add_executable(scenery_gallery ${PROJECT_SOURCE_DIR}/tools/scenery_gallery_win.cpp ${SCENERY_SOURCES})
+add_executable(scenery_gallery ${PROJECT_SOURCE_DIR}/tools/scenery_gallery_win.cpp
+  ${PUFFINO_WIN_SOURCES} ${PUFFINO_PORTABLE_SOURCES})
 target_link_options(scenery_gallery PRIVATE -municode)
 target_link_libraries(scenery_gallery PRIVATE ${PUFFINO_SYSTEM_LIBRARIES})
 set_target_properties(scenery_gallery PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})

@@ -60,9 +60,9 @@ TEST(FontFolders, LauncherFolderThenProgramFolder) {
     EXPECT_EQ(FontsSubfolder(L""), L"");  // never the working folder's "Fonts"
 }
 
-std::wstring FamilyName(const Gdiplus::FontFamily* family) {
+std::wstring FamilyName(const FontFace* face) {
     wchar_t name[LF_FACESIZE] = {};
-    family->GetFamilyName(name);
+    face->family.GetFamilyName(name);
     return name;
 }
 
@@ -73,7 +73,7 @@ TEST_F(FontFiles, FacesLoadOnceFromTheFontFolderAndKeepTheirBytes) {
     const std::wstring path = FindFontFile(kRegularFontFile);
     ASSERT_EQ(path, JoinPath(JoinPath(ExecutableFolder(), L"Fonts"), kRegularFontFile));
     LoadedFont font;
-    const Gdiplus::FontFamily* family = LoadPrivateFamily(font, kRegularFontFile);
+    const FontFace* family = LoadPrivateFamily(font, kRegularFontFile);
     ASSERT_NE(family, nullptr);
     EXPECT_EQ(font.bytes.size(), std::filesystem::file_size(path));
     EXPECT_EQ(LoadPrivateFamily(font, kRegularFontFile), family);
@@ -84,14 +84,14 @@ TEST_F(FontFiles, FacesLoadOnceFromTheFontFolderAndKeepTheirBytes) {
 
     EXPECT_EQ(FamilyName(LabelFamily()), L"Rounded Mplus 1c");
     EXPECT_EQ(FamilyName(PraiseFamily()), L"Rounded Mplus 1c Black");
-    EXPECT_EQ(PathStyleFor(PraiseFamily()), Gdiplus::FontStyleRegular);
+    EXPECT_EQ(PathStyleFor(PraiseFamily()), kFontRegular);
 
     // This prefix has none of the five fallbacks: the last entry stands in.
-    const Gdiplus::FontFamily* plain = ChooseFallbackFamily(false);
+    const FontFace* plain = ChooseFallbackFamily(false);
     ASSERT_NE(plain, nullptr);
-    EXPECT_FALSE(plain->IsAvailable());
+    EXPECT_FALSE(plain->family.IsAvailable());
     EXPECT_EQ(ChooseFallbackFamily(true), plain);
-    EXPECT_EQ(PathStyleFor(plain), Gdiplus::FontStyleRegular);
+    EXPECT_EQ(PathStyleFor(plain), kFontRegular);
 }
 
 TEST_F(FontFiles, EmptyOrForeignFilesGiveNoFamilyAndKeepNothing) {
@@ -109,12 +109,12 @@ TEST_F(FontFiles, EmptyOrForeignFilesGiveNoFamilyAndKeepNothing) {
 using InstalledFallbacks = FontTest;
 
 TEST_F(InstalledFallbacks, FirstInstalledForLabelsFirstWithBoldForPraise) {
-    const Gdiplus::FontFamily* plain = ChooseFallbackFamily(false);
-    const Gdiplus::FontFamily* bold = ChooseFallbackFamily(true);
+    const FontFace* plain = ChooseFallbackFamily(false);
+    const FontFace* bold = ChooseFallbackFamily(true);
     EXPECT_EQ(FamilyName(plain), L"Rounded Mplus 1c");
     EXPECT_EQ(FamilyName(bold), L"DejaVu Sans");
-    EXPECT_EQ(PathStyleFor(plain), Gdiplus::FontStyleRegular);
-    EXPECT_EQ(PathStyleFor(bold), Gdiplus::FontStyleBold);
+    EXPECT_EQ(PathStyleFor(plain), kFontRegular);
+    EXPECT_EQ(PathStyleFor(bold), kFontBold);
 }
 
 }  // namespace

@@ -2,11 +2,8 @@
 // bobbing at rest, wobbling while it blows, hopping when it celebrates.
 #pragma once
 
-#include <windows.h>
-#include <objbase.h>
-#include <gdiplus.h>
+#include "render/canvas.h"
 
 // Draws the penguin for the current play-field state. Called by the frame
-// composition for the home window only, with the world transform already in
-// play-field coordinates.
-void DrawPenguin(Gdiplus::Graphics& graphics);
+// composition for the home window only, in play-field coordinates.
+void DrawPenguin(Canvas& canvas);
