@@ -1,25 +1,12 @@
-// Finding, decoding and preparing the pose pictures through GDI+.
+// Decoding and preparing the pose pictures through GDI+.
 #include "assets/penguin_images_win.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
-#include "assets/asset_paths.h"
 #include "assets/sprite_prepare_win.h"
 
-PenguinImages g_penguinImages;
-
-// Names a parent or an artist might give a replacement penguin picture:
-// the plain standing names first, so that the standing slot prefers a calm
-// picture; then the blowing picture (always fourth); then the other moods
-// from calm to lively. A folder holding any single penguin picture under
-// one of these names still gives the standing and celebrating slots
-// something to draw.
-const std::array<std::wstring_view, 9> PoseFallbackNames = {
-    L"stand", L"standing", L"penguin", L"bubble", L"blow",
-    L"happy", L"cheer", L"hurray", L"yatta",
-};
+void PosePictureDeleter::operator()(PosePicture* picture) const { delete picture; }
 
 PoseSlot LoadSpriteFile(const std::wstring& path) {
     if (path.empty()) return nullptr;
@@ -30,74 +17,16 @@ PoseSlot LoadSpriteFile(const std::wstring& path) {
 
     // A file GDI+ cannot decode (or a folder with a picture's name) is
     // skipped; the owner disposes of whatever was created.
-    PoseSlot loaded(new Gdiplus::Image(path.c_str()));
+    std::unique_ptr<Gdiplus::Image> loaded(new Gdiplus::Image(path.c_str()));
     if (loaded->GetLastStatus() != Gdiplus::Ok) return nullptr;
 
-    if (PoseSlot prepared = PrepareSprite(loaded.get())) return prepared;
-    return loaded;  // no working copy could be made: drawn unprepared
+    PoseSlot picture(new PosePicture);
+    picture->image = PrepareSprite(loaded.get());
+    if (!picture->image) picture->image = std::move(loaded);  // no working copy could be made: drawn unprepared
+    return picture;
 }
 
-void LoadPoseSlot(const std::wstring& folder, PoseSlot& slot, std::wstring_view name) {
-    if (slot || name.empty()) return;
-    slot = LoadSpriteFile(JoinPath(folder, std::wstring(name) + L".png"));
+void PosePictureSize(const PosePicture& picture, int32_t& width, int32_t& height) {
+    width = static_cast<int32_t>(picture.image->GetWidth());
+    height = static_cast<int32_t>(picture.image->GetHeight());
 }
-
-namespace {
-
-void LoadWithFallbacks(const std::wstring& folder, PoseSlot& slot) {
-    LoadPoseSlot(folder, slot, L"bubble");
-    for (const std::wstring_view name : PoseFallbackNames) LoadPoseSlot(folder, slot, name);
-}
-
-}  // namespace
-
-void LoadPenguinImages(const std::wstring& folder) {
-    ReleasePenguinImages();
-    if (folder.empty()) return;
-    PenguinImages& images = g_penguinImages;
-
-    images.blowImage = LoadSpriteFile(JoinPath(folder, L"bubble.png"));
-
-    // The standing and celebrating slots borrow the blowing picture (as a
-    // copy of their own) and then any fallback name rather than stay empty.
-    LoadPoseSlot(folder, images.idleImage, L"idle");
-    LoadWithFallbacks(folder, images.idleImage);
-
-    LoadPoseSlot(folder, images.celebrateImage, L"yatta");
-    images.celebratingIsYatta = images.celebrateImage != nullptr;
-    LoadPoseSlot(folder, images.celebrateImage, L"happy");
-    LoadWithFallbacks(folder, images.celebrateImage);
-
-    LoadPoseSlot(folder, images.cheerImage, L"hurray");
-}
-
-void ReleasePenguinImages() {
-    // reset() empties the slot before it deletes the picture.
-    g_penguinImages.blowImage.reset();
-    g_penguinImages.idleImage.reset();
-    g_penguinImages.celebrateImage.reset();
-    g_penguinImages.cheerImage.reset();
-    g_penguinImages.celebratingIsYatta = false;
-}
-
-Gdiplus::Image* PoseSlotImage(PoseImage pose) {
-    const PenguinImages& images = g_penguinImages;
-    switch (pose) {
-        case PoseImage::Idle: return images.idleImage.get();
-        case PoseImage::Blow: return images.blowImage.get();
-        case PoseImage::Celebrate: return images.celebrateImage.get();
-        case PoseImage::Cheer: return images.cheerImage.get();
-    }
-    return nullptr;
-}
-
-bool PoseImageSize(PoseImage pose, int32_t& width, int32_t& height) {
-    Gdiplus::Image* image = PoseSlotImage(pose);
-    if (!image) return false;
-    // A size that cannot be read counts as one pixel.
-    width = std::max<int32_t>(static_cast<int32_t>(image->GetWidth()), 1);
-    height = std::max<int32_t>(static_cast<int32_t>(image->GetHeight()), 1);
-    return true;
-}
-
-bool CelebratingIsYatta() { return g_penguinImages.celebratingIsYatta; }

@@ -199,8 +199,9 @@ TextSize MeasureText(Canvas& canvas, const wchar_t* text, const TextFont& font, 
 }
 
 void DrawPoseImage(Canvas& canvas, PoseImage pose, const BoxF& box, float opacity) {
-    Gdiplus::Image* image = PoseSlotImage(pose);
-    if (!image) return;
+    const PosePicture* picture = PoseSlotPicture(pose);
+    if (!picture) return;
+    Gdiplus::Image* image = picture->image.get();
     Gdiplus::Graphics& graphics = canvas.graphics;
     const SavedQuality saved(graphics);
     graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBilinear);

@@ -51,6 +51,7 @@ puffino_wine_tests(settings_tests
 
 # The pose pictures' loading with its fallbacks and their clean-up.
 set(POSE_LOADER_SOURCES
+  ${PROJECT_SOURCE_DIR}/assets/penguin_images.cpp
   ${PROJECT_SOURCE_DIR}/assets/penguin_images_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_prepare_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_filters.cpp

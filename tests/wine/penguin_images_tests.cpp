@@ -113,7 +113,7 @@ TEST_F(PenguinImages, ShippedPosesAreWholePicturesReadyForTheFilters) {
         BleedColours(pixels);
         const PoseSlot loaded = LoadSpriteFile(path);
         ASSERT_TRUE(loaded);
-        EXPECT_TRUE(PixelsOf(*static_cast<Bitmap*>(loaded.get())) == expected);
+        EXPECT_TRUE(PixelsOf(*static_cast<Bitmap*>(loaded->image.get())) == expected);
         EXPECT_GT(std::count_if(expected.begin(), expected.end(), [](uint32_t p) { return p >> 24 == 150; }), 100)
             << "the outline is dark enough to soften";
     }
@@ -220,7 +220,7 @@ TEST_F(PenguinImages, HugePictureIsLoadedWhole) {
     EXPECT_EQ(width, 16384);
     EXPECT_EQ(height, 16384);
     Gdiplus::Color colour;
-    auto* prepared = static_cast<Bitmap*>(g_penguinImages.idleImage.get());
+    auto* prepared = static_cast<Bitmap*>(g_penguinImages.idleImage->image.get());
     prepared->GetPixel(9000, 100, &colour);
     EXPECT_EQ(colour.GetValue(), 0xFF508CC8u) << "the band is the whole drawing: no speck";
     prepared->GetPixel(9000, 300, &colour);
