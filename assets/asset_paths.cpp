@@ -1,4 +1,5 @@
-// Parent folders and joined paths in Windows form.
+// Parent folders and joined paths, in Windows form or, below an absolute
+// Linux path, in the form of Linux.
 #include "assets/asset_paths.h"
 
 namespace {
@@ -24,6 +25,11 @@ size_t RootLength(std::wstring_view path) {
     return n;
 }
 
+// An absolute Linux path: one slash, then a name (two are a network share).
+bool IsLinuxPath(std::wstring_view path) {
+    return path.size() >= 1 && path[0] == L'/' && (path.size() == 1 || path[1] != L'/');
+}
+
 }  // namespace
 
 std::wstring ParentFolder(std::wstring_view path) {
@@ -37,7 +43,7 @@ std::wstring ParentFolder(std::wstring_view path) {
 std::wstring JoinPath(std::wstring_view folder, std::wstring_view name) {
     if (folder.empty()) return std::wstring(name);
     std::wstring joined(folder);
-    if (!IsSeparator(joined.back())) joined += L'\\';
+    if (!IsSeparator(joined.back())) joined += IsLinuxPath(folder) ? L'/' : L'\\';
     joined += name;
     return joined;
 }

@@ -11,6 +11,7 @@
 std::wstring ParentFolder(std::wstring_view path);
 
 // folder + '\' + name, with no doubled separator; an empty folder gives name.
+// Below an absolute Linux path ("/usr/share/puffino") it is '/' instead.
 std::wstring JoinPath(std::wstring_view folder, std::wstring_view name);
 
 // The folder of the running executable, or empty when its path cannot be

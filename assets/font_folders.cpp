@@ -35,3 +35,10 @@ std::wstring FindFontsFolder(std::wstring_view executableFolder) {
     if (!fonts.empty()) return fonts;
     return FontsSubfolder(executableFolder);
 }
+
+std::wstring FindFontFile(const wchar_t* fileName) {
+    const std::wstring folder = FindFontsFolder(ExecutableFolder());
+    if (folder.empty()) return {};
+    std::wstring path = JoinPath(folder, fileName);
+    return PathExists(path) ? path : std::wstring();
+}

@@ -26,3 +26,7 @@ std::wstring FindFontsFolder(std::wstring_view executableFolder);
 
 // True when anything exists at the path; an error counts as absence.
 bool PathExists(std::wstring_view path);
+
+// The full path of the named file in the font folder of this executable,
+// worked out afresh on every call; empty when there is no such entry.
+std::wstring FindFontFile(const wchar_t* fileName);

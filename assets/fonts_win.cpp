@@ -44,13 +44,6 @@ void Unload(LoadedFont& font) {
 
 }  // namespace
 
-std::wstring FindFontFile(const wchar_t* fileName) {
-    const std::wstring folder = FindFontsFolder(ExecutableFolder());
-    if (folder.empty()) return {};
-    std::wstring path = JoinPath(folder, fileName);
-    return PathExists(path) ? path : std::wstring();
-}
-
 const FontFace* LoadFontFile(LoadedFont& font, const std::wstring& path) {
     std::ifstream stream(std::filesystem::path(path), std::ios::binary | std::ios::ate);
     if (!stream) return nullptr;

@@ -24,10 +24,6 @@ struct LoadedFont {
     bool loaded = false;     // and it gave a family
 };
 
-// The full path of the named file in the font folder of this executable,
-// worked out afresh on every call; empty when there is no such entry.
-std::wstring FindFontFile(const wchar_t* fileName);
-
 // The family of the named font file, or null. Only the first call for a
 // record looks at the disk; later calls report that outcome again.
 const FontFace* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName);

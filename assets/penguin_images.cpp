@@ -1,8 +1,6 @@
 // Which pose picture fills which slot, with the fallback names.
 #include "assets/penguin_images.h"
 
-#include <algorithm>
-
 #include "assets/asset_paths.h"
 
 PenguinImages g_penguinImages;
@@ -70,16 +68,6 @@ const PosePicture* PoseSlotPicture(PoseImage pose) {
         case PoseImage::Cheer: return images.cheerImage.get();
     }
     return nullptr;
-}
-
-bool PoseImageSize(PoseImage pose, int32_t& width, int32_t& height) {
-    const PosePicture* picture = PoseSlotPicture(pose);
-    if (!picture) return false;
-    PosePictureSize(*picture, width, height);
-    // A size that cannot be read counts as one pixel.
-    width = std::max<int32_t>(width, 1);
-    height = std::max<int32_t>(height, 1);
-    return true;
 }
 
 bool CelebratingIsYatta() { return g_penguinImages.celebratingIsYatta; }

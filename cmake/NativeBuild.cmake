@@ -3,15 +3,20 @@
 enable_testing()
 find_package(GTest REQUIRED)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
+find_package(PkgConfig REQUIRED)
+# The drawing backend of the Linux edition: cairo, with FreeType and
+# fontconfig for the fonts and libpng for the pose pictures.
+pkg_check_modules(DRAWING REQUIRED IMPORTED_TARGET cairo freetype2 fontconfig libpng)
 
 set(PUFFINO_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion)
 set(PUFFINO_SANITIZERS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
 
-# The portable core, twice: plain and under the sanitizers. Any Windows
-# include in these sources fails here.
+# The portable core with the Linux drawing backend, twice: plain and under
+# the sanitizers. Any Windows include in these sources fails here.
 function(puffino_core_library name)
-  add_library(${name} STATIC ${PUFFINO_PORTABLE_SOURCES})
+  add_library(${name} STATIC ${PUFFINO_PORTABLE_SOURCES} ${PUFFINO_LINUX_SOURCES})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC PkgConfig::DRAWING)
   target_compile_options(${name} PRIVATE ${PUFFINO_WARNINGS} ${ARGN})
   target_link_options(${name} INTERFACE ${ARGN})
 endfunction()
@@ -30,7 +35,21 @@ endforeach()
 add_library(portable_header_check OBJECT ${HEADER_CHECK_SOURCES})
 target_include_directories(portable_header_check PRIVATE ${PROJECT_SOURCE_DIR})
 
+include(${PROJECT_SOURCE_DIR}/cmake/Art.cmake)
 include(${PROJECT_SOURCE_DIR}/tests/unit/UnitTests.cmake)
+# What is drawn, natively: the reference scenes through cairo, inside the
+# unit tests, with the pose pictures and the "Fonts" folder of this build
+# beside them.
+foreach(target unit_tests unit_tests_sanitized)
+  target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests/pictures/scene_pictures.cpp
+    ${PROJECT_SOURCE_DIR}/tests/pictures/scene_pictures_linux.cpp ${PROJECT_SOURCE_DIR}/tests/pictures/scenes.cpp
+    ${PROJECT_SOURCE_DIR}/tests/pictures/picture_compare.cpp)
+  target_compile_definitions(${target} PRIVATE
+    PUFFINO_CAIRO_REFERENCES="${PROJECT_SOURCE_DIR}/tests/reference_pictures/cairo"
+    PUFFINO_PICTURES_OUT="${CMAKE_BINARY_DIR}/test-artifacts/pictures-cairo"
+    PUFFINO_POSE_FOLDER="${PENGUIN_OUT}")
+  add_dependencies(${target} pose_pictures fonts)
+endforeach()
 include(${PROJECT_SOURCE_DIR}/tests/harness/Harness.cmake)
 include(${PROJECT_SOURCE_DIR}/benchmarks/Benchmarks.cmake)
 

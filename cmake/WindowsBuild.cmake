@@ -8,23 +8,8 @@ include_directories(${PROJECT_SOURCE_DIR})
 
 set(PUFFINO_SYSTEM_LIBRARIES gdiplus winmm ole32 uuid shell32 user32 gdi32)
 
-find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+include(${PROJECT_SOURCE_DIR}/cmake/Art.cmake)
 set(IMAGEMAGICK_CONVERT /usr/bin/convert)  # the real ImageMagick, by full path
-
-# The penguin's pose pictures, rendered from their SVG sources into
-# assets/penguin beside Puffino.exe. 480 px tall: twice the height the
-# penguin stands at on a 96-dpi screen, so it stays crisp at 200 %.
-set(PENGUIN_ART ${PROJECT_SOURCE_DIR}/assets/penguin)
-set(PENGUIN_OUT ${CMAKE_CURRENT_BINARY_DIR}/assets/penguin)
-set(POSE_PICTURES "")
-foreach(pose idle bubble yatta hurray)
-  add_custom_command(OUTPUT ${PENGUIN_OUT}/${pose}.png
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${PENGUIN_OUT}
-    COMMAND ${RSVG_CONVERT} -h 480 -o ${PENGUIN_OUT}/${pose}.png ${PENGUIN_ART}/${pose}.svg
-    DEPENDS ${PENGUIN_ART}/${pose}.svg ${PENGUIN_ART}/parts.svg VERBATIM)
-  list(APPEND POSE_PICTURES ${PENGUIN_OUT}/${pose}.png)
-endforeach()
-add_custom_target(pose_pictures ALL DEPENDS ${POSE_PICTURES})
 
 # The icon group 101 (256, 128, 64 and 32 px): the standing penguin, drawn
 # at each size and centred on a square of transparency.
@@ -59,18 +44,6 @@ add_executable(Puffino WIN32 ${PUFFINO_ENTRY_SOURCE} ${PUFFINO_WIN_SOURCES}
 target_link_options(Puffino PRIVATE -municode -Wl,--no-insert-timestamp)
 target_link_libraries(Puffino PRIVATE ${PUFFINO_SYSTEM_LIBRARIES})
 add_dependencies(Puffino pose_pictures)
-
-# The rounded faces beside the executable, fetched from their pinned npm
-# package; the tarball is kept in downloads/ so rebuilds do not fetch again.
-set(PUFFINO_FONTS_DIR ${CMAKE_CURRENT_BINARY_DIR}/Fonts)
-set(PUFFINO_FONT_FILES ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Regular.ttf
-                       ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Black.ttf
-                       ${PUFFINO_FONTS_DIR}/OFL.txt)
-add_custom_command(OUTPUT ${PUFFINO_FONT_FILES}
-  COMMAND ${CMAKE_COMMAND} -DCACHE_DIR=${CMAKE_CURRENT_BINARY_DIR}/downloads
-          -DFONTS_DIR=${PUFFINO_FONTS_DIR} -P ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake
-  DEPENDS ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake VERBATIM)
-add_custom_target(fonts ALL DEPENDS ${PUFFINO_FONT_FILES})
 
 # GoogleTest from Debian's sources, built with this toolchain for the tests
 # that run under Wine.

@@ -142,7 +142,7 @@ std::vector<Scene> MakeScenes() {
                       .plainBackground = true, .setUp = GoldPraise, .crop = PraiseCrop});
     // Without a usable font family the panels stay, without their words.
     scenes.push_back({.name = "labels-without-fonts", .windows = {{home96, 0, true}}, .plainBackground = true,
-                      .setUp = LabelsWithPraise});
+                      .withoutFonts = true, .setUp = LabelsWithPraise});
     // The right half of the second window is painted again after the
     // bubbles have gone: they vanish there and stay everywhere else.
     scenes.push_back({.name = "frame-two-windows",

@@ -26,6 +26,7 @@ struct Scene {
     Language language = Language::kJapanese;
     bool soundOn = true;
     bool plainBackground = false;  // kPlainBackground under everything, no landscape
+    bool withoutFonts = false;     // drawn by a program that finds no font
     void (*setUp)() = nullptr;     // fills the play field after its layout
     Rect (*crop)() = nullptr;      // play-field area kept; null: every window
     // Optional second paint: after this change only `redraw` is composed

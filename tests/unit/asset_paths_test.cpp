@@ -27,6 +27,8 @@ TEST(AssetPaths, JoinPath) {
     EXPECT_EQ(JoinPath(L"C:\\", L"assets"), L"C:\\assets");
     EXPECT_EQ(JoinPath(L"", L"assets"), L"assets");
     EXPECT_EQ(JoinPath(JoinPath(L"D:/Toys", L"assets"), L"penguin"), L"D:/Toys\\assets\\penguin");
+    EXPECT_EQ(JoinPath(JoinPath(L"/opt/puffino", L"assets"), L"penguin"), L"/opt/puffino/assets/penguin");
+    EXPECT_EQ(JoinPath(L"//server/toys", L"assets"), L"//server/toys\\assets");
 }
 
 }  // namespace

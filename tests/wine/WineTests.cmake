@@ -52,6 +52,7 @@ puffino_wine_tests(settings_tests
 # The pose pictures' loading with its fallbacks and their clean-up.
 set(POSE_LOADER_SOURCES
   ${PROJECT_SOURCE_DIR}/assets/penguin_images.cpp
+  ${PROJECT_SOURCE_DIR}/assets/pose_image_size.cpp
   ${PROJECT_SOURCE_DIR}/assets/penguin_images_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_prepare_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_filters.cpp
@@ -91,7 +92,8 @@ add_dependencies(text_tests test_fonts)
 # shipped fonts and pose pictures. A copy away from the "Fonts" folder draws
 # the labels without any usable family.
 add_executable(scene_pictures ${PROJECT_SOURCE_DIR}/tests/pictures/scene_pictures_win.cpp
-  ${PROJECT_SOURCE_DIR}/tests/pictures/scenes.cpp ${PROJECT_SOURCE_DIR}/tests/pictures/picture_compare.cpp
+  ${PROJECT_SOURCE_DIR}/tests/pictures/scene_pictures.cpp ${PROJECT_SOURCE_DIR}/tests/pictures/scenes.cpp
+  ${PROJECT_SOURCE_DIR}/tests/pictures/picture_compare.cpp
   ${PUFFINO_WIN_SOURCES} ${PUFFINO_PORTABLE_SOURCES})
 target_link_options(scene_pictures PRIVATE -municode)
 target_link_libraries(scene_pictures PRIVATE gtest ${PUFFINO_SYSTEM_LIBRARIES})

@@ -1,0 +1,182 @@
+// Font files through FreeType, installed fallbacks through fontconfig, both
+// handed to cairo. The rules are the GDI+ edition's: the rounded faces from
+// their files, one attempt each; else the first installed fallback family
+// (for the praise, the first with a bold face); bold paths where a family
+// has a bold face, except for the black face.
+#include <cairo-ft.h>
+#include <fontconfig/fontconfig.h>
+#include <ft2build.h>
+#include FT_FREETYPE_H
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <vector>
+
+#include "assets/font_folders.h"
+#include "assets/fonts.h"
+#include "render/canvas_linux.h"
+
+namespace {
+
+// Japanese families that may be installed, best first.
+constexpr std::array<const char*, 5> kFallbackFamilyNames = {
+    "HGP創立者角ポップ体 W9", "HG丸ゴシックM-PRO", "Yu Kyokasho Yoko", "Yu Gothic UI", "Meiryo UI",
+};
+
+// A face read from a file, with the bytes FreeType reads it from.
+struct LoadedFont {
+    std::vector<char> bytes;
+    FontFace face;
+    bool attempted = false;
+    bool loaded = false;
+};
+
+struct Fonts {
+    FT_Library library = nullptr;
+    LoadedFont regular;  // "MPLUSRounded1c-Regular.ttf"
+    LoadedFont black;    // "MPLUSRounded1c-Black.ttf"
+    std::array<FontFace, kFallbackFamilyNames.size()> fallbacks;
+    bool fallbacksLooked = false;
+    const FontFace* label = nullptr;
+    const FontFace* praise = nullptr;
+};
+Fonts g_fonts;
+
+const cairo_user_data_key_t kFreeTypeFaceKey{};
+
+// A cairo face over the FreeType face, which it frees when cairo is done
+// with it; null when there is none.
+cairo_font_face_t* CairoFace(FT_Face face) {
+    if (!face) return nullptr;
+    cairo_font_face_t* cairoFace = cairo_ft_font_face_create_for_ft_face(face, 0);
+    cairo_font_face_set_user_data(cairoFace, &kFreeTypeFaceKey, face,
+                                  [](void* ft) { FT_Done_Face(static_cast<FT_Face>(ft)); });
+    return cairoFace;
+}
+
+double LineSpacingOf(FT_Face face) {
+    return face && face->units_per_EM ? static_cast<double>(face->height) / face->units_per_EM : 1.2;
+}
+
+FT_Library Library() {
+    if (!g_fonts.library) FT_Init_FreeType(&g_fonts.library);
+    return g_fonts.library;
+}
+
+const FontFace* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName) {
+    // One attempt per run: a face that failed is not tried again, and one
+    // that loaded stays loaded even if its file goes away.
+    if (font.attempted) return font.loaded ? &font.face : nullptr;
+    font.attempted = true;
+    const std::wstring path = FindFontFile(fileName);
+    if (path.empty()) return nullptr;
+    std::ifstream stream(std::filesystem::path(path), std::ios::binary);
+    font.bytes.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+    FT_Face face = nullptr;
+    if (font.bytes.empty() || !Library() ||
+        FT_New_Memory_Face(Library(), reinterpret_cast<const FT_Byte*>(font.bytes.data()),
+                           static_cast<FT_Long>(font.bytes.size()), 0, &face) != 0) {
+        font.bytes.clear();
+        return nullptr;
+    }
+    font.face = {CairoFace(face), nullptr, LineSpacingOf(face)};
+    font.loaded = true;
+    return &font.face;
+}
+
+// The file of the family's face of that weight or heavier (bold), or of
+// the lightest weight from regular up (regular); empty when the family is
+// not installed under exactly that name.
+std::string InstalledFile(const char* family, bool bold, int& index) {
+    FcPattern* pattern = FcPatternCreate();
+    FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
+    FcObjectSet* properties = FcObjectSetBuild(FC_FILE, FC_INDEX, FC_WEIGHT, nullptr);
+    FcFontSet* fonts = FcFontList(nullptr, pattern, properties);
+    std::string best;
+    int bestWeight = 0;
+    for (int i = 0; fonts && i < fonts->nfont; ++i) {
+        int weight = FC_WEIGHT_REGULAR, at = 0;
+        FcChar8* file = nullptr;
+        FcPatternGetInteger(fonts->fonts[i], FC_WEIGHT, 0, &weight);
+        FcPatternGetInteger(fonts->fonts[i], FC_INDEX, 0, &at);
+        if (FcPatternGetString(fonts->fonts[i], FC_FILE, 0, &file) != FcResultMatch) continue;
+        const bool fits = bold ? weight >= FC_WEIGHT_BOLD : weight >= FC_WEIGHT_REGULAR;
+        if (fits && (best.empty() || weight < bestWeight)) {
+            best = reinterpret_cast<const char*>(file);
+            bestWeight = weight;
+            index = at;
+        }
+    }
+    if (fonts) FcFontSetDestroy(fonts);
+    FcObjectSetDestroy(properties);
+    FcPatternDestroy(pattern);
+    return best;
+}
+
+FT_Face OpenInstalled(const char* family, bool bold) {
+    int index = 0;
+    const std::string file = InstalledFile(family, bold, index);
+    FT_Face face = nullptr;
+    if (file.empty() || !Library() || FT_New_Face(Library(), file.c_str(), index, &face) != 0) return nullptr;
+    return face;
+}
+
+const FontFace* ChooseFallbackFamily(bool boldRequired) {
+    if (!g_fonts.fallbacksLooked) {
+        g_fonts.fallbacksLooked = true;
+        for (size_t i = 0; i < kFallbackFamilyNames.size(); ++i) {
+            FT_Face regular = OpenInstalled(kFallbackFamilyNames[i], false);
+            g_fonts.fallbacks[i] = {CairoFace(regular), CairoFace(OpenInstalled(kFallbackFamilyNames[i], true)),
+                                    LineSpacingOf(regular)};
+        }
+    }
+    for (const FontFace& face : g_fonts.fallbacks) {
+        if (face.regular && (!boldRequired || face.bold)) return &face;
+    }
+    // Nothing qualifies: the last entry, whose text then simply comes out
+    // empty while the panels are still drawn.
+    return &g_fonts.fallbacks.back();
+}
+
+void Release(FontFace& face) {
+    if (face.regular) cairo_font_face_destroy(face.regular);
+    if (face.bold) cairo_font_face_destroy(face.bold);
+    face = {};
+}
+
+}  // namespace
+
+int32_t PathStyleFor(const FontFace* face) {
+    if (!face || face == LoadPrivateFamily(g_fonts.black, kBlackFontFile)) return kFontRegular;
+    return face->bold ? kFontBold : kFontRegular;
+}
+
+const FontFace* LabelFamily() {
+    if (!g_fonts.label) {
+        g_fonts.label = LoadPrivateFamily(g_fonts.regular, kRegularFontFile);
+        if (!g_fonts.label) g_fonts.label = ChooseFallbackFamily(false);
+    }
+    return g_fonts.label;
+}
+
+const FontFace* PraiseFamily() {
+    if (!g_fonts.praise) {
+        g_fonts.praise = LoadPrivateFamily(g_fonts.black, kBlackFontFile);
+        // An installed family stands in for the black face only if it is bold.
+        if (!g_fonts.praise) g_fonts.praise = ChooseFallbackFamily(true);
+    }
+    return g_fonts.praise;
+}
+
+void ReleaseFonts() {
+    g_fonts.label = nullptr;
+    g_fonts.praise = nullptr;
+    for (LoadedFont* font : {&g_fonts.regular, &g_fonts.black}) {
+        Release(font->face);
+        *font = {};
+    }
+    for (FontFace& face : g_fonts.fallbacks) Release(face);
+    g_fonts.fallbacksLooked = false;
+}

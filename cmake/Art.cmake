@@ -1,0 +1,32 @@
+# The art every build of Puffino draws with, made into the build folder:
+# the penguin's pose pictures rendered from their SVG sources, and the two
+# rounded font faces fetched from their pinned npm package.
+find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+
+# The penguin's pose pictures, rendered from their SVG sources into
+# assets/penguin of the build folder, where the program finds them beside
+# it. 480 px tall: twice the height the
+# penguin stands at on a 96-dpi screen, so it stays crisp at 200 %.
+set(PENGUIN_ART ${PROJECT_SOURCE_DIR}/assets/penguin)
+set(PENGUIN_OUT ${CMAKE_CURRENT_BINARY_DIR}/assets/penguin)
+set(POSE_PICTURES "")
+foreach(pose idle bubble yatta hurray)
+  add_custom_command(OUTPUT ${PENGUIN_OUT}/${pose}.png
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PENGUIN_OUT}
+    COMMAND ${RSVG_CONVERT} -h 480 -o ${PENGUIN_OUT}/${pose}.png ${PENGUIN_ART}/${pose}.svg
+    DEPENDS ${PENGUIN_ART}/${pose}.svg ${PENGUIN_ART}/parts.svg VERBATIM)
+  list(APPEND POSE_PICTURES ${PENGUIN_OUT}/${pose}.png)
+endforeach()
+add_custom_target(pose_pictures ALL DEPENDS ${POSE_PICTURES})
+
+# The rounded faces in Fonts/ of the build folder, fetched from their pinned npm
+# package; the tarball is kept in downloads/ so rebuilds do not fetch again.
+set(PUFFINO_FONTS_DIR ${CMAKE_CURRENT_BINARY_DIR}/Fonts)
+set(PUFFINO_FONT_FILES ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Regular.ttf
+                       ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Black.ttf
+                       ${PUFFINO_FONTS_DIR}/OFL.txt)
+add_custom_command(OUTPUT ${PUFFINO_FONT_FILES}
+  COMMAND ${CMAKE_COMMAND} -DCACHE_DIR=${CMAKE_CURRENT_BINARY_DIR}/downloads
+          -DFONTS_DIR=${PUFFINO_FONTS_DIR} -P ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake
+  DEPENDS ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake VERBATIM)
+add_custom_target(fonts ALL DEPENDS ${PUFFINO_FONT_FILES})

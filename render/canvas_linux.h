@@ -1,0 +1,19 @@
+// The canvas over cairo: a drawing context on an image surface, and a font
+// family as FreeType and cairo hold it.
+#pragma once
+
+#include <cairo.h>
+
+#include "render/canvas.h"
+
+struct Canvas {
+    cairo_t* cr = nullptr;
+};
+
+// A family's regular face and, where the family has one, its bold face;
+// both null for a family that is not installed (its text draws nothing).
+struct FontFace {
+    cairo_font_face_t* regular = nullptr;
+    cairo_font_face_t* bold = nullptr;
+    double lineSpacing = 1.2;  // the line spacing in ems, from the face's metrics
+};

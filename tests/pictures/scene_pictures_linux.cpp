@@ -1,0 +1,163 @@
+// The reference scenes as cairo draws them natively: the frame's layers
+// composed by the program's own drawers over cairo image surfaces, the
+// landscape copied back under each repainted rectangle first.
+#include <cairo.h>
+#include <gtest/gtest.h>
+
+#include "assets/fonts.h"
+#include "assets/penguin_images.h"
+#include "render/canvas_linux.h"
+#include "render/frame_buffers.h"
+#include "render/frame_composition.h"
+#include "render/scenery.h"
+#include "tests/pictures/scene_pictures.h"
+#include "tests/pictures/scenes.h"
+#include "tests/unit/fake_platform.h"
+
+namespace {
+
+struct Buffers {
+    cairo_surface_t* frame = nullptr;
+    cairo_surface_t* scenery = nullptr;
+};
+std::vector<Buffers> g_buffers;
+
+cairo_surface_t* Surface(const DisplayWindow& window) {
+    return cairo_image_surface_create(CAIRO_FORMAT_ARGB32, window.width, window.height);
+}
+
+void CopyRect(cairo_surface_t* from, cairo_surface_t* to, const Rect& rect) {
+    cairo_t* cr = cairo_create(to);
+    cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
+    cairo_set_source_surface(cr, from, 0, 0);
+    cairo_rectangle(cr, rect.left, rect.top, Width(rect), Height(rect));
+    cairo_fill(cr);
+    cairo_destroy(cr);
+}
+
+size_t IndexOf(const DisplayWindow& window) { return static_cast<size_t>(&window - g_displayWindows.data()); }
+
+// Straight ARGB from cairo's premultiplied pixels, and back.
+uint32_t Straight(uint32_t p) {
+    const uint32_t a = p >> 24;
+    if (a == 0) return 0;
+    const auto c = [a](uint32_t v) { return std::min<uint32_t>(255, (v * 255 + a / 2) / a); };
+    return a << 24 | c(p >> 16 & 0xFF) << 16 | c(p >> 8 & 0xFF) << 8 | c(p & 0xFF);
+}
+uint32_t Premultiplied(uint32_t p) {
+    const uint32_t a = p >> 24;
+    const auto c = [a](uint32_t v) { return (v * a + 127) / 255; };
+    return a << 24 | c(p >> 16 & 0xFF) << 16 | c(p >> 8 & 0xFF) << 8 | c(p & 0xFF);
+}
+
+}  // namespace
+
+// A native test program always finds the fonts of its build.
+bool BackendDrawsScene(const Scene& scene) { return !scene.withoutFonts; }
+
+// Among the unit tests the pose sizes come from their stand-in for the
+// system, which is told the loaded pictures' sizes.
+void ReportPoseSizes() {
+    g_fake.poseSizes.clear();
+    for (PoseImage pose : {PoseImage::Idle, PoseImage::Blow, PoseImage::Celebrate, PoseImage::Cheer}) {
+        int32_t width = 0, height = 0;
+        if (const PosePicture* picture = PoseSlotPicture(pose)) {
+            PosePictureSize(*picture, width, height);
+            g_fake.poseSizes[pose] = {width, height};
+        }
+    }
+}
+
+void MakeWindowBuffers(bool plainBackground) {
+    for (const DisplayWindow& window : g_displayWindows) {
+        Buffers b{Surface(window), Surface(window)};
+        cairo_t* cr = cairo_create(b.scenery);
+        const uint32_t background = plainBackground ? kPlainBackground : kSceneryClearColour;
+        cairo_set_source_rgb(cr, (background >> 16 & 0xFF) / 255.0, (background >> 8 & 0xFF) / 255.0,
+                             (background & 0xFF) / 255.0);
+        cairo_paint(cr);
+        if (!plainBackground) {
+            Canvas canvas{cr};
+            DrawScenery(canvas, {0, 0, window.width, window.height}, window.sceneryTheme);
+        }
+        cairo_destroy(cr);
+        CopyRect(b.scenery, b.frame, {0, 0, window.width, window.height});
+        g_buffers.push_back(b);
+    }
+}
+
+void ComposeWindow(DisplayWindow& window, const Rect& dirty) {
+    const Buffers& b = g_buffers[IndexOf(window)];
+    CopyRect(b.scenery, b.frame, dirty);
+    cairo_t* cr = cairo_create(b.frame);
+    Canvas canvas{cr};
+    DrawFrameLayers(canvas, window, dirty);
+    cairo_destroy(cr);
+}
+
+uint32_t FramePixel(size_t window, int32_t x, int32_t y) {
+    cairo_surface_t* frame = g_buffers[window].frame;
+    cairo_surface_flush(frame);
+    const uint8_t* row = cairo_image_surface_get_data(frame) + y * cairo_image_surface_get_stride(frame);
+    return reinterpret_cast<const uint32_t*>(row)[x] & 0xFFFFFF;
+}
+
+void ReleaseWindowBuffers() {
+    for (const Buffers& b : g_buffers) {
+        cairo_surface_destroy(b.frame);
+        cairo_surface_destroy(b.scenery);
+    }
+    g_buffers.clear();
+}
+
+bool SavePng(const Picture& picture, const std::filesystem::path& file) {
+    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, picture.width, picture.height);
+    cairo_surface_flush(surface);
+    uint8_t* data = cairo_image_surface_get_data(surface);
+    for (int32_t y = 0; y < picture.height; ++y) {
+        auto* row = reinterpret_cast<uint32_t*>(data + y * cairo_image_surface_get_stride(surface));
+        for (int32_t x = 0; x < picture.width; ++x) row[x] = Premultiplied(picture.pixels[y * picture.width + x]);
+    }
+    cairo_surface_mark_dirty(surface);
+    const bool written = cairo_surface_write_to_png(surface, file.c_str()) == CAIRO_STATUS_SUCCESS;
+    cairo_surface_destroy(surface);
+    return written;
+}
+
+Picture LoadPng(const std::filesystem::path& file) {
+    cairo_surface_t* surface = cairo_image_surface_create_from_png(file.c_str());
+    Picture picture;
+    if (cairo_surface_status(surface) == CAIRO_STATUS_SUCCESS) {
+        picture.width = cairo_image_surface_get_width(surface);
+        picture.height = cairo_image_surface_get_height(surface);
+        const uint8_t* data = cairo_image_surface_get_data(surface);
+        for (int32_t y = 0; y < picture.height; ++y) {
+            const auto* row = reinterpret_cast<const uint32_t*>(data + y * cairo_image_surface_get_stride(surface));
+            for (int32_t x = 0; x < picture.width; ++x) picture.pixels.push_back(Straight(row[x]));
+        }
+    }
+    cairo_surface_destroy(surface);
+    return picture;
+}
+
+// The folders come from the build: the references in the source tree, the
+// shipped pose pictures and a "Fonts" folder beside this program, read once
+// around all the tests.
+class PictureFolders : public testing::Environment {
+public:
+    void SetUp() override {
+        g_referenceFolder = PUFFINO_CAIRO_REFERENCES;
+        g_outputFolder = PUFFINO_PICTURES_OUT;
+        std::filesystem::create_directories(g_outputFolder);
+        LoadPenguinImages(std::filesystem::path(PUFFINO_POSE_FOLDER).wstring());
+    }
+    void TearDown() override {
+        ReleasePenguinImages();
+        ReleaseFonts();
+    }
+};
+testing::Environment* const g_pictureFolders = testing::AddGlobalTestEnvironment(new PictureFolders);
+
+// fontconfig keeps its configuration and caches for the life of the
+// process: not a leak of ours.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig.so\n"; }
