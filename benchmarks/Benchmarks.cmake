@@ -22,3 +22,9 @@ foreach(source IN LISTS BENCHMARK_SOURCES)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/benchmark)
   add_dependencies(benchmarks ${name})
 endforeach()
+# The frame composition draws with the pose pictures and the fonts of this
+# build, the fonts in a "Fonts" folder beside the programs.
+target_compile_definitions(frame_compose_benchmark PRIVATE PUFFINO_POSE_FOLDER="${PENGUIN_OUT}")
+add_custom_command(TARGET frame_compose_benchmark POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E copy_directory ${PUFFINO_FONTS_DIR} ${CMAKE_BINARY_DIR}/benchmark/Fonts VERBATIM)
+add_dependencies(frame_compose_benchmark pose_pictures fonts)

@@ -11,6 +11,7 @@
 // frame composition makes play-field pixels.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -44,13 +45,16 @@ struct PathArc {
     float startDegrees = 0;
     float sweepDegrees = 0;
 };
+// Up to four points joined by straight lines (the balloon's tail needs three).
 struct PathLines {
-    std::vector<PointF> points;
+    std::array<PointF, 4> points{};
+    int32_t count = 0;
 };
 struct PathClose {};
-// One line of text, centred on (0, y) horizontally and vertically.
+// One line of text, centred on (0, y) horizontally and vertically; its
+// characters are the path's line of that index.
 struct PathText {
-    std::wstring line;
+    size_t line = 0;
     const FontFace* face = nullptr;
     int32_t style = kFontRegular;
     float em = 0;
@@ -58,6 +62,7 @@ struct PathText {
 };
 struct Path {
     std::vector<std::variant<PathArc, PathLines, PathClose, PathText>> figures;
+    std::vector<std::wstring> lines;  // the texts of the PathText figures
 };
 
 // Text in a box: the rounded face, or an installed family by name (a missing

@@ -113,13 +113,15 @@ void MoveToLine(cairo_t* cr, const std::string& line, double left, double right,
 struct FigureAdder {
     cairo_t* cr;
     bool& open;
+    const std::vector<std::wstring>& texts;
 
     void operator()(const PathArc& arc) const {
         if (!open) cairo_new_sub_path(cr);
         open = AddArc(cr, arc.box, arc.startDegrees, arc.sweepDegrees) || open;
     }
     void operator()(const PathLines& lines) const {
-        for (const PointF& point : lines.points) {
+        for (int32_t i = 0; i < lines.count; ++i) {
+            const PointF& point = lines.points[i];
             if (open) {
                 cairo_line_to(cr, point.x, point.y);
             } else {
@@ -134,7 +136,7 @@ struct FigureAdder {
     }
     void operator()(const PathText& text) const {
         if (!SelectFont(cr, text.face, text.style, nullptr, text.em)) return;
-        const std::string line = Utf8(text.line);
+        const std::string line = Utf8(texts[text.line]);
         MoveToLine(cr, line, 0, 0, text.y, true, text.em);
         cairo_text_path(cr, line.c_str());
         open = false;
@@ -144,7 +146,7 @@ struct FigureAdder {
 void Build(cairo_t* cr, const Path& path) {
     cairo_new_path(cr);
     bool open = false;
-    const FigureAdder adder{cr, open};
+    const FigureAdder adder{cr, open, path.lines};
     for (const auto& figure : path.figures) std::visit(adder, figure);
 }
 

@@ -3,6 +3,7 @@
 // wrappers and drawing goes on.
 #include "render/canvas_win.h"
 
+#include <array>
 #include <variant>
 
 #include "assets/penguin_images_win.h"
@@ -30,19 +31,20 @@ void SetPathTextFormat(Gdiplus::StringFormat& format) {
 struct FigureAdder {
     Gdiplus::GraphicsPath& path;
     const Gdiplus::StringFormat& format;
+    const std::vector<std::wstring>& texts;
 
     void operator()(const PathArc& arc) const {
         path.AddArc(arc.box.x, arc.box.y, arc.box.width, arc.box.height, arc.startDegrees, arc.sweepDegrees);
     }
     void operator()(const PathLines& lines) const {
-        std::vector<Gdiplus::PointF> points;
-        for (const PointF& point : lines.points) points.push_back(ToPointF(point));
-        path.AddLines(points.data(), static_cast<INT>(points.size()));
+        std::array<Gdiplus::PointF, 4> points;
+        for (int32_t i = 0; i < lines.count; ++i) points[i] = ToPointF(lines.points[i]);
+        path.AddLines(points.data(), lines.count);
     }
     void operator()(const PathClose&) const { path.CloseFigure(); }
     void operator()(const PathText& text) const {
         if (!text.face) return;
-        path.AddString(text.line.c_str(), -1, &text.face->family, text.style, text.em,
+        path.AddString(texts[text.line].c_str(), -1, &text.face->family, text.style, text.em,
                        Gdiplus::RectF(0, text.y, 0, 0), &format);
     }
 };
@@ -50,7 +52,7 @@ struct FigureAdder {
 void Build(Gdiplus::GraphicsPath& out, const Path& path) {
     Gdiplus::StringFormat format(0, 0);
     SetPathTextFormat(format);
-    const FigureAdder adder{out, format};
+    const FigureAdder adder{out, format, path.lines};
     for (const auto& figure : path.figures) std::visit(adder, figure);
 }
 

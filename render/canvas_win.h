@@ -11,6 +11,7 @@
 #include "render/canvas.h"
 
 struct Canvas {
+    explicit Canvas(Gdiplus::Graphics& target) : graphics(target) {}
     Gdiplus::Graphics& graphics;
     std::vector<Gdiplus::GraphicsState> saved;  // one per SaveState not yet restored
 };

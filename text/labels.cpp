@@ -138,7 +138,7 @@ void DrawHintBalloon(Canvas& canvas) {
     // The tail goes on after the border, so its white covers the border
     // where it leaves the balloon.
     Path tail;
-    tail.figures.push_back(PathLines{{layout.tailTop, layout.tailTip, layout.tailBottom}});
+    tail.figures.push_back(PathLines{{layout.tailTop, layout.tailTip, layout.tailBottom}, 3});
     tail.figures.push_back(PathClose{});
     FillPath(canvas, tail, kBalloonColour);
     StrokePath(canvas, tail, border);

@@ -23,7 +23,10 @@ void AddTextPath(Path& path, const wchar_t* text, const FontFace* face, int32_t 
     const float lineStep = LineSpacing(face, style, em);
     float y = 0.0f;
     for (const std::wstring& line : SplitLines(text)) {
-        if (!line.empty()) path.figures.push_back(PathText{line, face, style, em, y});
+        if (!line.empty()) {
+            path.figures.push_back(PathText{path.lines.size(), face, style, em, y});
+            path.lines.push_back(line);
+        }
         y += lineStep;
     }
 }
