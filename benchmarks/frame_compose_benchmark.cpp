@@ -69,7 +69,7 @@ void ComposeFrames(benchmark::State& state, std::size_t bubbles, bool crowded) {
         cairo_set_source_surface(cr, scenery, 0, 0);
         cairo_paint(cr);
         cairo_set_operator(cr, CAIRO_OPERATOR_OVER);
-        Canvas canvas{cr};
+        Canvas canvas = FrameCanvas(cr);
         DrawFrameLayers(canvas, window, {0, 0, kWidth, kHeight});
         cairo_destroy(cr);
         cairo_surface_flush(frame);

@@ -90,7 +90,7 @@ void ComposeWindow(DisplayWindow& window, const Rect& dirty) {
     const Buffers& b = g_buffers[IndexOf(window)];
     CopyRect(b.scenery, b.frame, dirty);
     cairo_t* cr = cairo_create(b.frame);
-    Canvas canvas{cr};
+    Canvas canvas = FrameCanvas(cr);
     DrawFrameLayers(canvas, window, dirty);
     cairo_destroy(cr);
 }
