@@ -1,5 +1,7 @@
 // The rounded font faces and their installed fallbacks, loaded lazily by the
-// first label drawn.
+// first label drawn. The choice is made here; loading a face is the drawing
+// backend's (fonts_win.cpp with GDI+, fonts_linux.cpp with FreeType and
+// fontconfig).
 #pragma once
 
 #include <cstdint>
@@ -17,6 +19,19 @@ const FontFace* PraiseFamily();
 // is heavy enough already. Null gives regular.
 int32_t PathStyleFor(const FontFace* face);
 
-// Releases the font families, collections and file bytes; called by the
-// teardown before GDI+ shuts down.
+// Releases the font families and file bytes; called by the teardown before
+// the drawing backend shuts down.
 void ReleaseFonts();
+
+// The backend's part. The family of the named rounded font file, or null.
+// Only the first call for a file looks at the disk; later calls report that
+// outcome again.
+const FontFace* RoundedFace(const wchar_t* fileName);
+// An installed family from the fixed fallback list; with bold required,
+// only one that offers a bold face. Never null: when nothing qualifies it is
+// the last entry, usable or not.
+const FontFace* ChooseFallbackFamily(bool boldRequired);
+// Whether the family offers a bold face.
+bool HasBoldFace(const FontFace* face);
+// Forgets the choice made (ReleaseFonts calls it).
+void ForgetFontChoice();

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "assets/font_folders.h"
@@ -39,8 +40,6 @@ struct Fonts {
     LoadedFont black;    // "MPLUSRounded1c-Black.ttf"
     std::array<FontFace, kFallbackFamilyNames.size()> fallbacks;
     bool fallbacksLooked = false;
-    const FontFace* label = nullptr;
-    const FontFace* praise = nullptr;
 };
 Fonts g_fonts;
 
@@ -123,6 +122,14 @@ FT_Face OpenInstalled(const char* family, bool bold) {
     return face;
 }
 
+void Release(FontFace& face) {
+    if (face.regular) cairo_font_face_destroy(face.regular);
+    if (face.bold) cairo_font_face_destroy(face.bold);
+    face = {};
+}
+
+}  // namespace
+
 const FontFace* ChooseFallbackFamily(bool boldRequired) {
     if (!g_fonts.fallbacksLooked) {
         g_fonts.fallbacksLooked = true;
@@ -133,46 +140,22 @@ const FontFace* ChooseFallbackFamily(bool boldRequired) {
         }
     }
     for (const FontFace& face : g_fonts.fallbacks) {
-        if (face.regular && (!boldRequired || face.bold)) return &face;
+        if (face.regular && (!boldRequired || HasBoldFace(&face))) return &face;
     }
     // Nothing qualifies: the last entry, whose text then simply comes out
     // empty while the panels are still drawn.
     return &g_fonts.fallbacks.back();
 }
 
-void Release(FontFace& face) {
-    if (face.regular) cairo_font_face_destroy(face.regular);
-    if (face.bold) cairo_font_face_destroy(face.bold);
-    face = {};
+const FontFace* RoundedFace(const wchar_t* fileName) {
+    const bool black = std::wstring_view(fileName) == kBlackFontFile;
+    return LoadPrivateFamily(black ? g_fonts.black : g_fonts.regular, fileName);
 }
 
-}  // namespace
-
-int32_t PathStyleFor(const FontFace* face) {
-    if (!face || face == LoadPrivateFamily(g_fonts.black, kBlackFontFile)) return kFontRegular;
-    return face->bold ? kFontBold : kFontRegular;
-}
-
-const FontFace* LabelFamily() {
-    if (!g_fonts.label) {
-        g_fonts.label = LoadPrivateFamily(g_fonts.regular, kRegularFontFile);
-        if (!g_fonts.label) g_fonts.label = ChooseFallbackFamily(false);
-    }
-    return g_fonts.label;
-}
-
-const FontFace* PraiseFamily() {
-    if (!g_fonts.praise) {
-        g_fonts.praise = LoadPrivateFamily(g_fonts.black, kBlackFontFile);
-        // An installed family stands in for the black face only if it is bold.
-        if (!g_fonts.praise) g_fonts.praise = ChooseFallbackFamily(true);
-    }
-    return g_fonts.praise;
-}
+bool HasBoldFace(const FontFace* face) { return face && face->bold; }
 
 void ReleaseFonts() {
-    g_fonts.label = nullptr;
-    g_fonts.praise = nullptr;
+    ForgetFontChoice();
     for (LoadedFont* font : {&g_fonts.regular, &g_fonts.black}) {
         Release(font->face);
         *font = {};

@@ -5,6 +5,7 @@
 #include <climits>
 #include <filesystem>
 #include <fstream>
+#include <string_view>
 
 #include "assets/asset_paths.h"
 #include "assets/font_folders.h"
@@ -23,8 +24,6 @@ struct Fonts {
     LoadedFont regular;  // "MPLUSRounded1c-Regular.ttf"
     LoadedFont black;    // "MPLUSRounded1c-Black.ttf"
     std::array<std::unique_ptr<FontFace>, kFallbackFamilyNames.size()> fallbacks;
-    const FontFace* label = nullptr;
-    const FontFace* praise = nullptr;
 };
 Fonts g_fonts;
 
@@ -92,39 +91,25 @@ const FontFace* ChooseFallbackFamily(bool boldRequired) {
     }
     for (const auto& family : g_fonts.fallbacks) {
         if (!IsUsable(*family)) continue;
-        // A failed query leaves its status in the family and counts as no.
-        if (!boldRequired || family->family.IsStyleAvailable(Gdiplus::FontStyleBold)) return family.get();
+        if (!boldRequired || HasBoldFace(family.get())) return family.get();
     }
     // Nothing qualifies: the last entry, whose text then simply comes out
     // empty while the panels are still drawn.
     return g_fonts.fallbacks.back().get();
 }
 
-int32_t PathStyleFor(const FontFace* face) {
-    if (!face || face == LoadPrivateFamily(g_fonts.black, kBlackFontFile)) return kFontRegular;
-    return face->family.IsStyleAvailable(Gdiplus::FontStyleBold) ? kFontBold : kFontRegular;
+const FontFace* RoundedFace(const wchar_t* fileName) {
+    const bool black = std::wstring_view(fileName) == kBlackFontFile;
+    return LoadPrivateFamily(black ? g_fonts.black : g_fonts.regular, fileName);
 }
 
-const FontFace* LabelFamily() {
-    if (!g_fonts.label) {
-        g_fonts.label = LoadPrivateFamily(g_fonts.regular, kRegularFontFile);
-        if (!g_fonts.label) g_fonts.label = ChooseFallbackFamily(false);
-    }
-    return g_fonts.label;
-}
-
-const FontFace* PraiseFamily() {
-    if (!g_fonts.praise) {
-        g_fonts.praise = LoadPrivateFamily(g_fonts.black, kBlackFontFile);
-        // An installed family stands in for the black face only if it is bold.
-        if (!g_fonts.praise) g_fonts.praise = ChooseFallbackFamily(true);
-    }
-    return g_fonts.praise;
+bool HasBoldFace(const FontFace* face) {
+    // A failed query leaves its status in the family and counts as no.
+    return face && face->family.IsStyleAvailable(Gdiplus::FontStyleBold);
 }
 
 void ReleaseFonts() {
-    g_fonts.label = nullptr;
-    g_fonts.praise = nullptr;
+    ForgetFontChoice();
     Unload(g_fonts.regular);
     Unload(g_fonts.black);
     for (auto& family : g_fonts.fallbacks) family.reset();

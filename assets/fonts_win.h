@@ -32,8 +32,3 @@ const FontFace* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName);
 // into the record and makes its collection and family. On failure the
 // record keeps no collection, no family and no bytes.
 const FontFace* LoadFontFile(LoadedFont& font, const std::wstring& path);
-
-// An installed family from the fixed fallback list; with bold required,
-// only one that offers Bold. Never null: when nothing qualifies it is the
-// last entry, usable or not.
-const FontFace* ChooseFallbackFamily(bool boldRequired);

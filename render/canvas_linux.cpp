@@ -20,11 +20,20 @@ void SetColour(cairo_t* cr, uint32_t argb) {
                           (argb >> 24) / 255.0);
 }
 
-void SetPen(cairo_t* cr, const Pen& pen) {
+// Fills the current path, even-odd as GDI+ fills, and clears it.
+void Fill(cairo_t* cr, uint32_t argb) {
+    cairo_set_fill_rule(cr, CAIRO_FILL_RULE_EVEN_ODD);
+    SetColour(cr, argb);
+    cairo_fill(cr);
+}
+
+// Strokes the current path with the pen and clears it.
+void Stroke(cairo_t* cr, const Pen& pen) {
     SetColour(cr, pen.argb);
     cairo_set_line_width(cr, pen.width);
     cairo_set_line_cap(cr, pen.roundCaps ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
     cairo_set_line_join(cr, pen.roundJoins ? CAIRO_LINE_JOIN_ROUND : CAIRO_LINE_JOIN_MITER);
+    cairo_stroke(cr);
 }
 
 // The parameter of the point of an ellipse whose ray leaves the centre at
@@ -162,22 +171,19 @@ cairo_t* ScratchContext() {
 void FillEllipse(Canvas& canvas, const BoxF& box, uint32_t argb) {
     cairo_new_path(canvas.cr);
     AddEllipse(canvas.cr, box);
-    SetColour(canvas.cr, argb);
-    cairo_fill(canvas.cr);
+    Fill(canvas.cr, argb);
 }
 
 void StrokeEllipse(Canvas& canvas, const BoxF& box, const Pen& pen) {
     cairo_new_path(canvas.cr);
     AddEllipse(canvas.cr, box);
-    SetPen(canvas.cr, pen);
-    cairo_stroke(canvas.cr);
+    Stroke(canvas.cr, pen);
 }
 
 void FillBox(Canvas& canvas, const BoxF& box, uint32_t argb) {
     cairo_new_path(canvas.cr);
     cairo_rectangle(canvas.cr, box.x, box.y, box.width, box.height);
-    SetColour(canvas.cr, argb);
-    cairo_fill(canvas.cr);
+    Fill(canvas.cr, argb);
 }
 
 void FillGradient(Canvas& canvas, const Rect& rect, PointF from, PointF to, uint32_t fromArgb, uint32_t toArgb) {
@@ -200,37 +206,30 @@ void FillPolygon(Canvas& canvas, const PointF* points, int32_t count, uint32_t a
     cairo_new_path(canvas.cr);
     for (int32_t i = 0; i < count; ++i) cairo_line_to(canvas.cr, points[i].x, points[i].y);
     cairo_close_path(canvas.cr);
-    cairo_set_fill_rule(canvas.cr, CAIRO_FILL_RULE_EVEN_ODD);
-    SetColour(canvas.cr, argb);
-    cairo_fill(canvas.cr);
+    Fill(canvas.cr, argb);
 }
 
 void StrokeLine(Canvas& canvas, const LineF& line, const Pen& pen) {
     cairo_new_path(canvas.cr);
     cairo_move_to(canvas.cr, line.from.x, line.from.y);
     cairo_line_to(canvas.cr, line.to.x, line.to.y);
-    SetPen(canvas.cr, pen);
-    cairo_stroke(canvas.cr);
+    Stroke(canvas.cr, pen);
 }
 
 void StrokeArc(Canvas& canvas, const BoxF& box, float startDegrees, float sweepDegrees, const Pen& pen) {
     cairo_new_path(canvas.cr);
     if (!AddArc(canvas.cr, box, startDegrees, sweepDegrees)) return;
-    SetPen(canvas.cr, pen);
-    cairo_stroke(canvas.cr);
+    Stroke(canvas.cr, pen);
 }
 
 void FillPath(Canvas& canvas, const Path& path, uint32_t argb) {
     Build(canvas.cr, path);
-    cairo_set_fill_rule(canvas.cr, CAIRO_FILL_RULE_EVEN_ODD);
-    SetColour(canvas.cr, argb);
-    cairo_fill(canvas.cr);
+    Fill(canvas.cr, argb);
 }
 
 void StrokePath(Canvas& canvas, const Path& path, const Pen& pen) {
     Build(canvas.cr, path);
-    SetPen(canvas.cr, pen);
-    cairo_stroke(canvas.cr);
+    Stroke(canvas.cr, pen);
 }
 
 BoxF PathBounds(const Path& path) {

@@ -23,7 +23,11 @@ struct Buffers {
     ~Buffers() { ::ReleaseWindowBuffers(window); }
     uint32_t* Make(HDC__*& dc, HBITMAP__*& bitmap, void*& old) {
         BITMAPINFO info{};
-        info.bmiHeader = {sizeof(BITMAPINFOHEADER), window.width, -window.height, 1, 32, BI_RGB};
+        info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+        info.bmiHeader.biWidth = window.width;
+        info.bmiHeader.biHeight = -window.height;  // top-down rows
+        info.bmiHeader.biPlanes = 1;
+        info.bmiHeader.biBitCount = 32;
         void* bits = nullptr;
         dc = CreateCompatibleDC(nullptr);
         bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);

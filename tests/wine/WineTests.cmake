@@ -85,6 +85,7 @@ puffino_wine_tests(text_tests
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/font_folders.cpp
+  ${PROJECT_SOURCE_DIR}/assets/fonts.cpp
   ${PROJECT_SOURCE_DIR}/assets/fonts_win.cpp)
 add_dependencies(text_tests test_fonts)
 
