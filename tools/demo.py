@@ -30,7 +30,7 @@ def play_demo(out):
         time.sleep(1.5)
         shots["blowing"] = session.screenshot("puffino-blowing")
         session.xdotool("mouseup", 1)
-        session.post(windows[0]["hwnd"], WM_CLOSE)
+        session.post(windows[0], WM_CLOSE)
         return session.wait_exit(process), shots
 
 
@@ -38,7 +38,7 @@ def main():
     code, shots = play_demo(BUILD / "demo")
     print(f"Puffino ran on two monitors and ended with exit code {code}. Screenshots:")
     for shot in shots.values():
-        print(f"  {shot.png}")
+        print(f"  {shot}")
     return code
 
 

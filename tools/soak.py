@@ -23,7 +23,6 @@ from pathlib import Path
 import numpy
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
-from scene_sight import Grabber  # noqa: E402
 from wine_session import (BUILD, SYMBOL_FACE, TWO_MONITORS, WM_CLOSE, WS_EX_TOPMOST,  # noqa: E402
                           WineSession)
 
@@ -51,14 +50,11 @@ class Toddler:
 
     def __init__(self, session, seed):
         self.session, self.random = session, random.Random(seed)
-        self.grabber = Grabber(session.xvfb.display, session.width, session.height)
+        self.grabber = session.grabber
         self.keep_off = numpy.zeros((session.height, session.width), bool)
         for left, top, right, bottom in KEEP_OFF:
             self.keep_off[top:bottom, left:right] = True
         self.actions = {"clicks": 0, "holds": 0, "sound presses": 0, "keys": 0}
-
-    def close(self):
-        self.grabber.close()
 
     def act(self):
         roll = self.random.random()
@@ -137,24 +133,21 @@ def soak(minutes, seed, out):
         samples, problem = [], None
         start = time.monotonic()
         next_sample = start
-        try:
-            while problem is None and time.monotonic() - start < seconds:
-                if time.monotonic() >= next_sample:
-                    problem = check_windows(session, process)
-                    if problem is None:
-                        sample = session.probe("resources", pid)
-                        sample["seconds"] = time.monotonic() - start
-                        samples.append(sample)
-                        next_sample += SAMPLE_SECONDS
-                    continue
-                toddler.act()
-        finally:
-            toddler.close()
+        while problem is None and time.monotonic() - start < seconds:
+            if time.monotonic() >= next_sample:
+                problem = check_windows(session, process)
+                if problem is None:
+                    sample = session.probe("resources", pid)
+                    sample["seconds"] = time.monotonic() - start
+                    samples.append(sample)
+                    next_sample += SAMPLE_SECONDS
+                continue
+            toddler.act()
         problem = problem or growth_problem(samples, warm_up)
         session.screenshot("soak-end")
         if problem is None:
             session.xdotool("mouseup", 1)
-            session.post(session.windows()[0]["hwnd"], WM_CLOSE)
+            session.post(session.windows()[0], WM_CLOSE)
             code = session.wait_exit(process)
             if code != 0:
                 problem = f"play ended with exit code {code}"

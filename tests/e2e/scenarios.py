@@ -1,0 +1,247 @@
+"""What a person does with Puffino and what they see, one table of steps per
+scenario, grouped by the monitors they need. Every scenario starts from a
+profile that has never seen Puffino; the session in which it runs knows
+how to start the program on its platform."""
+
+import re
+
+from puffino_session import step
+
+HOME = (0, 0, 1920, 1080)  # the primary monitor, where Puffino starts
+OTHER = (1920, 0, 3200, 1024)  # 1280x1024 to its right
+LEFT = (-1920, 0, 0, 1080)  # a 1920x1080 monitor left of the primary
+
+
+def config_bytes(*lines):
+    """A config.ini as Notepad saves it: UTF-16 LE with a byte-order mark."""
+    return b"\xff\xfe" + "".join(line + "\r\n" for line in lines).encode("utf-16-le")
+
+
+# The file a first start writes, as a parent finds it in Notepad.
+DEFAULT_CONFIG = config_bytes(
+    "[Puffino]", "; Puffino optional settings. Encoding: UTF-16 LE with BOM.",
+    r"; Path: %AppData%\Roaming\morvenda\Tonkari\Puffino\config.ini", "",
+    "SoundEnabled=1", "VolumeClampPercent=0", "BlockSystemShortcuts=1", "", "[UI]", "Language=")
+JAPANESE = config_bytes("[UI]", "Language=ja")
+VOLUME_CEILING = config_bytes("[Puffino]", "VolumeClampPercent=35")
+BEST = re.compile(rb"^[1-9][0-9]*\r\n$")
+SHIPPED = {"Puffino.exe", "README.txt", "LICENSE.txt", "assets/penguin/idle.png", "assets/penguin/bubble.png",
+           "assets/penguin/yatta.png", "assets/penguin/hurray.png", "Fonts/MPLUSRounded1c-Regular.ttf",
+           "Fonts/MPLUSRounded1c-Black.ttf", "Fonts/OFL.txt"}
+
+# What a toddler's hands find on a keyboard: (keys, the key looked for
+# behind Puffino, whether it gets there). The Windows key never reaches the
+# key state once swallowed, so the Tab after it passes as a plain Tab.
+# Print Screen, Escape and plain letters are harmless and pass.
+SHORTCUTS = [
+    ("super", "super", False), ("super+d", "super", False), ("super+l", "super", False),
+    ("super+Tab", "super", False), ("Menu", "Menu", False), ("ctrl+shift+Escape", "Escape", False),
+    ("ctrl+shift+q", "q", False), ("ctrl+shift+n", "n", False), ("ctrl+Escape", "Escape", False),
+    ("alt+Tab", "Tab", False), ("alt+shift+Tab", "Tab", False), ("alt+Escape", "Escape", False),
+    ("alt+space", "space", False), ("alt+Return", "Return", False), ("alt+F1", "F1", False),
+    ("alt+x", "x", False), ("alt+7", "7", False),
+    ("Print", "Print", True), ("alt+Print", "Print", True), ("ctrl+w", "w", True), ("F1", "F1", True),
+    ("Escape", "Escape", True), ("q", "q", True),
+]
+
+TWO_MONITORS = {
+    "a first run": [
+        step.remember_disk(),
+        step.start(),
+        step.expect_windows(HOME, OTHER, home=HOME),
+        step.tap_penguin(),
+        step.expect_landscapes(),
+        step.expect_file("config.ini", DEFAULT_CONFIG),
+        step.expect_no_file("high_score.txt"),
+        step.expect_only_bubbles_move(),
+        step.expect_penguin_above_finish(),
+        step.blow_for_a_second(),
+        step.pop_bubble(burst=True),
+        step.expect_file("high_score.txt", BEST),
+        step.expect_no_network(),
+        step.launch_again(0),
+        step.end_through(OTHER),
+        step.expect_profile_holds("config.ini", "high_score.txt"),
+        step.expect_nothing_written_outside_the_profile(),
+    ],
+    "a launch value makes the other monitor home": [
+        step.start(launch_monitor=OTHER, learn=False),
+        step.expect_windows(HOME, OTHER, home=OTHER),
+        step.click("finish of the other monitor"),
+        step.expect_exit(0),
+    ],
+    "a launch value naming no monitor": [
+        step.start_fails(1, launch_monitor=(5000, 0, 6000, 1000)),
+    ],
+    "a record, ten points and the sound button": [
+        step.given_file("config.ini", JAPANESE),
+        step.given_file("high_score.txt", b"  2 trailing words"),
+        step.start(),
+        step.expect_labels(),
+        step.pop_until_record(),
+        step.expect_file("high_score.txt", re.compile(rb"^([3-9]|[1-9][0-9]+)\r\n$")),
+        step.pop_until_praise(),
+        step.flip_sound_button(),
+        step.end_through(HOME),
+    ],
+    "the keyboard guard": [
+        step.given_file("config.ini", VOLUME_CEILING),  # a device that will not be lowered
+        step.watch_keys(),
+        step.start(learn=False),
+        step.press_shortcuts(SHORTCUTS),
+        step.expect_keys_seen(("up", "Tab"), ("up", "Escape")),
+        step.take_out_of_topmost(),
+        step.expect_topmost_again(),  # the topmost tick, which ends with the volume ceiling
+        step.press_keys("alt+F4"),
+        step.expect_exit(0),
+        step.expect_keys_seen(unseen=[("down", "F4")]),
+    ],
+    "a hand-edited read-only config without the guard": [
+        step.given_file("config.ini", config_bytes("[Puffino]", "; no keyboard guard for this PC",
+                                                   "BlockSystemShortcuts=0", "[UI]", "Language=en"), mode=0o444),
+        step.remember_file("config.ini"),
+        step.watch_keys(),
+        step.start(learn=False),
+        step.press_keys("alt+Tab", "a"),
+        step.expect_keys_seen(("down", "Tab"), ("down", "a")),
+        step.press_keys("alt+F4"),
+        step.expect_exit(0),
+        step.expect_keys_seen(("down", "F4")),
+        step.expect_file_unchanged("config.ini"),
+    ],
+    "display changes under a press and a hold": [
+        step.start(),
+        step.change_display(while_pressing=True),
+        step.expect_penguin("standing", hint=True, chirps=0, held_for=1.0),
+        step.release(),
+        step.hold_penguin(),
+        step.change_display(),
+        step.expect_penguin("standing", hint=False, chirps=1),
+        step.release(),
+        step.expect_moving(OTHER),
+        step.end_through(HOME),
+    ],
+    "the home window's DPI changes": [
+        step.start(learn=False),
+        step.change_dpi(96, (0, 0, 1600, 900)),
+        step.expect_home_laid_out((0, 0, 1600, 900)),
+        step.expect_windows((0, 0, 1600, 900), OTHER, home=(0, 0, 1600, 900)),
+        step.click((1422, 830)),  # the finish button 28 px from the new corner
+        step.expect_exit(0),
+    ],
+    "the unpacked zip, then its fonts deleted": [
+        step.copy_program("zip", from_zip=True),
+        step.start(program="zip", learn=False),
+        step.expect_program_shows(text=True, penguin=True),
+        step.hold_penguin(),
+        step.release(),
+        step.delete_fonts("zip"),
+        step.change_display(),  # every label drawn again
+        step.expect_program_shows(text=True, penguin=True),
+        step.end_through(HOME),
+    ],
+    "no Fonts folder": [
+        step.copy_program("no-fonts", parts=["assets"]),
+        step.start(program="no-fonts", learn=False),
+        step.expect_program_shows(text=False, penguin=True),
+        step.hold_penguin(until="chirp"),
+        step.release(),
+        step.end_through(HOME),
+    ],
+    "no pose pictures": [
+        step.copy_program("no-poses", parts=["Fonts"]),
+        step.start(program="no-poses", learn=False),
+        step.expect_program_shows(text=True, penguin=False),
+        step.hold_penguin(until="chirp"),  # the penguin's place answers, drawn or not
+        step.release(),
+        step.end_through(HOME),
+    ],
+    "damaged pose pictures": [
+        step.copy_program("damaged-poses", damaged_poses=True),
+        step.start(program="damaged-poses", learn=False),
+        step.expect_program_shows(text=True, penguin=None),
+        step.hold_penguin(until="chirp"),
+        step.release(),
+        step.end_through(HOME),
+    ],
+    "no sound driver": [
+        step.given_file("config.ini", VOLUME_CEILING),
+        step.start(sound_device=False, learn=False),
+        step.hold_penguin(),
+        step.release(),
+        step.take_out_of_topmost(),
+        step.expect_topmost_again(),  # the tick ends with the ceiling, which finds no device
+        step.expect_silence(),
+        step.end_through(HOME),
+    ],
+    "no playback device": [
+        step.given_file("config.ini", VOLUME_CEILING),
+        step.start(sound_device="none", learn=False),
+        step.hold_penguin(),
+        step.release(),
+        step.take_out_of_topmost(),
+        step.expect_topmost_again(),
+        step.expect_silence(),
+        step.end_through(HOME),
+    ],
+    "the best-score file taken away while playing, then the end twice at once": [
+        step.start(),
+        step.pop_bubble(anywhere=True),
+        step.expect_file("high_score.txt", BEST),
+        step.damage("high_score.txt", "read-only"),
+        step.remember_file("high_score.txt"),
+        step.pop_bubble(anywhere=True),
+        step.expect_file_unchanged("high_score.txt"),
+        step.damage("high_score.txt", "writable"),
+        step.damage("high_score.txt", "folder"),
+        step.pop_bubble(anywhere=True),
+        step.expect_folder("high_score.txt"),
+        step.damage("high_score.txt", "deleted"),
+        step.pop_bubble(anywhere=True),
+        step.expect_best_raised(3),  # every pop counted, in memory, all along
+        step.remember_file("high_score.txt"),
+        step.finish_and_alt_f4_at_once(),
+        step.expect_exit(0),
+        step.expect_file_unchanged("high_score.txt"),
+    ],
+    "no application-data folder": [
+        step.damage(None, "deleted"),
+        step.start(),
+        step.pop_bubble(anywhere=True),
+        step.end_through(HOME),
+        step.expect_file("config.ini", DEFAULT_CONFIG),  # the whole chain made
+        step.expect_file("high_score.txt", BEST),
+    ],
+    "an unwritable application-data folder": [
+        step.damage(None, "read-only"),
+        step.start(),
+        step.pop_bubble(anywhere=True),  # a save of the best score is tried
+        step.end_through(HOME),
+        step.expect_no_file("config.ini"),
+    ],
+    "install, play and uninstall": [
+        step.install(),
+        step.expect_installed(SHIPPED),
+        step.start(program="installed", learn=False),
+        step.end_through(HOME),
+        step.expect_file("config.ini", DEFAULT_CONFIG),
+        step.given_file("high_score.txt", b"12\r\n"),
+        step.remember_file("config.ini"),
+        step.remember_file("high_score.txt"),
+        step.uninstall(),
+        step.expect_file_unchanged("config.ini"),  # the player's files stay
+        step.expect_file_unchanged("high_score.txt"),
+    ],
+}
+
+# The virtual screen starting left of the origin, at 144 DPI.
+LEFT_OF_PRIMARY_AT_144_DPI = {
+    "windows and labels": [
+        step.given_file("config.ini", JAPANESE),
+        step.start(),
+        step.expect_windows(LEFT, HOME, home=HOME),
+        step.expect_landscapes(),
+        step.expect_labels(scale=1.5),  # every distance to the corner half again as large
+        step.end_through(LEFT),
+    ],
+}
