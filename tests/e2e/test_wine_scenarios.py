@@ -1,6 +1,7 @@
 """The scenario tables played with the real Puffino.exe under Wine: one Wine
 session per monitor layout, one test per scenario."""
 
+import re
 import unittest
 
 import scenarios
@@ -15,8 +16,7 @@ def played(name, table, heads, dpi=None):
 
     def test(name, steps):
         return lambda self: self.session.run_scenario(name.replace(" ", "-"), steps)
-    methods = {"test_" + name.replace(" ", "_").replace(",", "").replace("-", "_"): test(name, steps)
-               for name, steps in table.items()}
+    methods = {"test_" + re.sub(r"\W+", "_", name): test(name, steps) for name, steps in table.items()}
     return type(name, (unittest.TestCase,), {"setUpClass": classmethod(setUpClass), **methods})
 
 

@@ -36,16 +36,7 @@ LABELS = [
     ("instruction", (20, 20, 760, 140), "top left", (70, 120, 180), 300),
     ("hint balloon", (1100, 740, 1640, 900), "bottom right", (45, 80, 150), 400),
 ]
-# The program's colours as Wine's GDI+ draws them (without anti-aliasing).
-FINISH_FACE = (232, 188, 192)
-LABEL_TEXT = (60, 60, 72)
-PENGUIN_BLUE = (61, 90, 143)
-PENGUIN_OUTLINE = (28, 34, 48)
-PENGUIN_FEET = (255, 167, 51)
-LAUGHING_MOUTH = (232, 80, 91)
-MOUTH_POINT = (1742, 836)
-HINT_WHITE = (255, 255, 255)
-PALE_BLUE = (0xC8, 0xE4, 0xFA)  # the scenery's clear colour, hidden by every landscape
+FINISH_FACE = (232, 188, 192)  # as Wine's GDI+ draws it, without anti-aliasing
 # Bubbles at scale 1: radius 18 to 44, gold ones with their halo reach 1.38 r.
 BUBBLE_SPAN = (30, 125)
 LANDSCAPE_TOLERANCE = 2  # the gallery's painting and the screen differ a level here and there
@@ -70,21 +61,13 @@ def scaled(box, corner, scale, size=(1920, 1080)):
     return tuple(round(v) for v in (left, top, right, bottom))
 
 
-def beak_x(frame, penguin=PENGUIN):
-    """Where the penguin's orange beak is across: mid-face while it stands,
-    turned towards its mouth point while it blows; None without a beak."""
+def penguin_pose(frame, penguin=PENGUIN):
+    """"standing" or "blowing" by where the orange beak is across: mid-face,
+    or turned towards the mouth point; None without a beak."""
     left, top, right, bottom = penguin
     head = frame[top:top + (bottom - top) * 3 // 5, left:right].astype(numpy.int16)
-    orange = (head[..., 0] > 230) & (head[..., 1] > 140) & (head[..., 1] < 190) & (head[..., 2] < 80)
-    xs = numpy.nonzero(orange)[1]
-    return left + xs.mean() if len(xs) > 40 else None
-
-
-def penguin_pose(frame, penguin=PENGUIN):
-    """"standing", "blowing" or None, by the beak."""
-    x, middle = beak_x(frame, penguin), (penguin[0] + penguin[2]) // 2 - 3
-    if x is None:
-        return None
+    xs = numpy.nonzero((head[..., 0] > 230) & (head[..., 1] > 140) & (head[..., 1] < 190) & (head[..., 2] < 80))[1]
+    x, middle = left + xs.mean() if len(xs) > 40 else -99, (left + right) // 2 - 3
     return "standing" if abs(x - middle) < 12 else "blowing" if x > middle + 20 else None
 
 
@@ -163,17 +146,9 @@ class Blob:
     bottom: int
     pixels: int
 
-    @property
-    def width(self):
-        return self.right - self.left
-
-    @property
-    def height(self):
-        return self.bottom - self.top
-
-    @property
-    def centre(self):
-        return ((self.left + self.right) / 2, (self.top + self.bottom) / 2)
+    width = property(lambda self: self.right - self.left)
+    height = property(lambda self: self.bottom - self.top)
+    centre = property(lambda self: ((self.left + self.right) / 2, (self.top + self.bottom) / 2))
 
     def one_bubble(self):
         """The size and shape of one whole bubble: a filled disc in a square."""
