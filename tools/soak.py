@@ -23,8 +23,7 @@ from pathlib import Path
 import numpy
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
-from wine_session import (BUILD, SYMBOL_FACE, TWO_MONITORS, WM_CLOSE, WS_EX_TOPMOST,  # noqa: E402
-                          WineSession)
+from wine_session import BUILD, TWO_MONITORS, WM_CLOSE, WS_EX_TOPMOST, WinePuffino  # noqa: E402
 
 DPI = 144
 # The home monitor's controls at 144 DPI (X coordinates; the home monitor
@@ -125,9 +124,9 @@ def soak(minutes, seed, out):
     out.mkdir(parents=True, exist_ok=True)
     seconds = minutes * 60
     warm_up = min(60.0, seconds / 4)
-    with WineSession("soak", heads=TWO_MONITORS, dpi=DPI, artifacts=out, sound_capture=True,
-                     font_replacements=SYMBOL_FACE) as session:
-        process, windows = session.start_puffino(len(TWO_MONITORS))
+    with WinePuffino("soak", TWO_MONITORS, DPI, artifacts=out) as session:
+        session.start(learn=False)
+        process, windows = session.process, session.started
         pid = windows[0]["pid"]
         toddler = Toddler(session, seed)
         samples, problem = [], None
