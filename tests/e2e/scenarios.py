@@ -43,13 +43,13 @@ SHORTCUTS = [
     ("ctrl+w", "w", True), ("F1", "F1", True), ("Escape", "Escape", True), ("q", "q", True),
 ]
 
+EVERYTHING = ["the finish button", "the finish label's text", "the penguin's pictures"]
 # Puffino copied without some of what ships beside it, or beside pose
-# pictures that do not decode: (the copy, whether the finish label's text
-# shows, whether the penguin's pictures show, None: either).
+# pictures that do not decode: (the copy, what shows, what does not).
 PROGRAM_COPIES = {
-    "no Fonts folder": ({"parts": ["assets"]}, False, True),
-    "no pose pictures": ({"parts": ["Fonts"]}, True, False),
-    "damaged pose pictures": ({"damaged_poses": True}, True, None),
+    "no Fonts folder": ({"parts": ["assets"]}, ["the penguin's pictures"], ["the finish label's text"]),
+    "no pose pictures": ({"parts": ["Fonts"]}, ["the finish label's text"], ["the penguin's pictures"]),
+    "damaged pose pictures": ({"damaged_poses": True}, ["the finish label's text"], []),
 }
 
 TWO_MONITORS = {
@@ -59,7 +59,8 @@ TWO_MONITORS = {
         step.tap_penguin(),
         step.expect_landscapes(),
         step.expect_file("config.ini", DEFAULT_CONFIG), step.expect_file("high_score.txt", None),
-        step.expect_penguin_above_finish(),
+        step.expect_screen(shows=["the finish button", "the finish label's text", "the penguin's pictures",
+                                  "the penguin standing"]),  # above the button
         step.blow_for_a_second(),
         step.pop_bubble(burst=True), step.expect_file("high_score.txt", BEST),
         step.expect_no_network(),
@@ -93,53 +94,56 @@ TWO_MONITORS = {
         step.remember_file("config.ini"), step.watch_keys(), step.start(learn=False),
         step.press_keys("alt+Tab", "a"), step.expect_keys_seen(("down", "Tab"), ("down", "a")),
         step.press_keys("alt+F4"), step.expect_exit(0), step.expect_keys_seen(("down", "F4")),
-        step.expect_file_unchanged("config.ini"),
+        step.expect_file("config.ini", "unchanged"),
     ],
     "display changes under a press and a hold": [
         step.start(),
-        step.change_display(while_pressing=True),
-        step.expect_penguin("standing", hint=True, chirps=0, held_for=1.0), step.release(),
+        step.change_display(while_pressing=True), step.keep_holding(1.0),  # well past the 300 ms
+        step.expect_screen(shows=["the penguin standing", "the hint balloon"]), step.expect_heard(0, "chirp"),
+        step.release(),
         step.hold_penguin(), step.change_display(),
-        step.expect_penguin("standing", hint=False, chirps=1), step.release(),
+        step.expect_screen(shows=["the penguin standing"], hides=["the hint balloon"]),  # gone for good
+        step.expect_heard(1, "chirp"), step.release(),
         step.expect_moving(OTHER),
         step.end_through(HOME),
     ],
     "the home window's DPI changes": [
         step.start(learn=False), step.change_dpi(96, (0, 0, 1600, 900)),
-        step.expect_home_laid_out((0, 0, 1600, 900)),
+        step.expect_screen(shows=["the finish button of a 1600x900 home", "the penguin of a 1600x900 home",
+                                  "black beyond a 1600x900 home"]),
         step.expect_windows((0, 0, 1600, 900), OTHER, home=(0, 0, 1600, 900)),
         step.click((1422, 830)), step.expect_exit(0),  # the finish button 28 px from the new corner
     ],
     "the unpacked zip, then its fonts deleted": [
         step.copy_program("zip", from_zip=True), step.start(program="zip", learn=False),
-        step.expect_program_shows(text=True, penguin=True), step.hold_penguin(let_go=True),
+        step.expect_screen(shows=EVERYTHING), step.hold_penguin(let_go=True),
         step.delete_fonts("zip"), step.change_display(),  # every label drawn again
-        step.expect_program_shows(text=True, penguin=True),
+        step.expect_screen(shows=EVERYTHING),
         step.end_through(HOME),
     ],
     **{name: [
         step.copy_program(name, **copy), step.start(program=name, learn=False),
-        step.expect_program_shows(text=text, penguin=penguin),
+        step.expect_screen(shows=["the finish button", *shows], hides=hides),
         step.hold_penguin(until="chirp", let_go=True),  # the penguin's place answers, drawn or not
         step.end_through(HOME),
-    ] for name, (copy, text, penguin) in PROGRAM_COPIES.items()},
+    ] for name, (copy, shows, hides) in PROGRAM_COPIES.items()},
     **{name: [
         step.given_file("config.ini", VOLUME_CEILING), step.start(sound_device=device, learn=False),
         step.hold_penguin(let_go=True),
         step.take_out_of_topmost(), step.expect_topmost_again(),  # the ceiling finds no device
-        step.expect_silence(),
+        step.expect_heard(0),
         step.end_through(HOME),
     ] for name, device in (("no sound driver", False), ("no playback device", "none"))},
     "the best-score file taken away while playing, then the end twice at once": [
         step.start(), step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", BEST),
         step.damage("high_score.txt", "read-only"), step.remember_file("high_score.txt"),
-        step.pop_bubble(anywhere=True), step.expect_file_unchanged("high_score.txt"),
+        step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", "unchanged"),
         step.damage("high_score.txt", "writable"), step.damage("high_score.txt", "a folder"),
         step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", "a folder"),
         step.damage("high_score.txt", "deleted"),
         step.pop_bubble(anywhere=True), step.expect_best_raised(3),  # every pop counted, in memory
         step.remember_file("high_score.txt"),
-        step.finish_and_alt_f4_at_once(), step.expect_exit(0), step.expect_file_unchanged("high_score.txt"),
+        step.finish_and_alt_f4_at_once(), step.expect_exit(0), step.expect_file("high_score.txt", "unchanged"),
     ],
     "no application-data folder": [
         step.damage(None, "deleted"), step.start(), step.pop_bubble(anywhere=True), step.end_through(HOME),
@@ -155,7 +159,7 @@ TWO_MONITORS = {
         step.expect_file("config.ini", DEFAULT_CONFIG), step.given_file("high_score.txt", b"12\r\n"),
         step.remember_file("config.ini"), step.remember_file("high_score.txt"),
         step.uninstall(),
-        step.expect_file_unchanged("config.ini"), step.expect_file_unchanged("high_score.txt"),
+        step.expect_file("config.ini", "unchanged"), step.expect_file("high_score.txt", "unchanged"),
     ],
 }
 

@@ -83,11 +83,10 @@ int NotTopmost(wchar_t** argv) {
     return ok ? 0 : 3;
 }
 
-// Live GDI objects of another process. Windows answers GetGuiResources;
-// Wine answers 0 there, but keeps every process's GDI handle table in that
-// process, reachable from its PEB (offset 0xF8 on x64): 0x10000 entries of
-// 24 bytes, an entry in use has a non-zero type byte (offset 12). Stock
-// objects count too: a constant share.
+// Live GDI objects of another process. Wine answers 0 to GetGuiResources,
+// but keeps the process's GDI handle table in it, from its PEB (offset 0xF8
+// on x64): 0x10000 entries of 24 bytes, one in use has a non-zero type byte
+// (offset 12). Stock objects count too: a constant share.
 long GdiObjects(HANDLE process) {
     const DWORD reported = GetGuiResources(process, GR_GDIOBJECTS);
     if (reported != 0) return static_cast<long>(reported);
@@ -113,10 +112,8 @@ int Resources(wchar_t** argv) {
     memory.cb = sizeof memory;
     GetProcessMemoryInfo(process, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
     // Wine reports no private bytes; the committed pages stand in for them.
-    std::printf("{\"gdi\": %ld, \"private_bytes\": %llu, \"committed\": %llu, \"working_set\": %llu}\n",
-                GdiObjects(process), static_cast<unsigned long long>(memory.PrivateUsage),
-                static_cast<unsigned long long>(memory.PagefileUsage),
-                static_cast<unsigned long long>(memory.WorkingSetSize));
+    std::printf("{\"gdi\": %ld, \"committed\": %llu}\n", GdiObjects(process),
+                static_cast<unsigned long long>(memory.PagefileUsage));
     CloseHandle(process);
     return 0;
 }
@@ -126,9 +123,8 @@ int DpiChanged(wchar_t** argv) {
     const UINT dpi = static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10));
     const RECT suggested{std::wcstol(argv[4], nullptr, 10), std::wcstol(argv[5], nullptr, 10),
                          std::wcstol(argv[6], nullptr, 10), std::wcstol(argv[7], nullptr, 10)};
-    // The message carries a pointer that the receiver reads in its own
-    // address space, so the rectangle goes there; its few bytes stay until
-    // that process ends.
+    // The receiver reads the rectangle in its own address space: it goes
+    // there, and its few bytes stay until that process ends.
     DWORD pid = 0;
     GetWindowThreadProcessId(hwnd, &pid);
     HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, pid);

@@ -1,13 +1,12 @@
 """Puffino played as a person plays it, in the words of the scenario tables:
-start it, click, hold the penguin, press keys, change the display, damage a
-file; then see the windows, the screen, the files, the sounds, the exit
-code. A scenario is a list of rows `step.<what is done or seen>(...)`.
+start it, click, hold the penguin, press keys, damage a file; then see the
+windows, the screen, the files, the sounds, the exit code. A scenario is a
+list of rows `step.<what is done or seen>(...)`.
 
-PuffinoSession knows the X screen (grabs, xdotool) and the profile's files;
-a platform's subclass (WinePuffino) starts the program and answers the rest:
-start_program, run_to_end, windows, close_window, exit_code, profile,
-sounds, samples, keys_seen, paintings, held_still, unwritable, and the
-platform's own ways to change the display and copy the program."""
+PuffinoSession knows the X screen and the profile's files; a platform's
+subclass (WinePuffino) starts the program and answers the rest: windows,
+sounds, keys seen behind the guard, the landscapes' paintings, and its
+own ways to change the display, copy the program and install it."""
 
 import re
 import shutil
@@ -15,8 +14,7 @@ import subprocess
 import threading
 import time
 
-from screen import (FINISH, FINISH_FACE, HINT, HOME, LABELS, ON_PENGUIN, OTHER, PENGUIN, PRAISE_AREA,
-                    SOUND_SYMBOL, Grabber, Sight, count, penguin_pose, save_png, scaled)
+from screen import LABELS, LOOKS, ON_PENGUIN, OTHER, SOUND_SYMBOL, Grabber, Sight, count, save_png, scaled
 
 # What is no bubble on the home monitor, by its box at 96 DPI and the corner
 # it keeps its distance to: the labels, the penguin with its hint, the buttons.
@@ -44,7 +42,7 @@ def same(got, wanted, what):
 
 
 class PuffinoSession:
-    """One world (an X screen of these monitors, a user profile) in which
+    """A world (an X screen of these monitors, a user profile) in which
     scenarios start Puffino again and again."""
 
     def __init__(self):
@@ -98,16 +96,9 @@ class PuffinoSession:
     def home(self):
         return next(w for w in self.windows() if w["foreground"])
 
-    def on_home(self, box):
-        """A box of the home monitor in X screen coordinates."""
-        left, top = self.screens[0][:2]
-        return box[0] + left, box[1] + top, box[2] + left, box[3] + top
-
     def heard(self, kind=None):
         """The sounds ("chirp" or "pop") played since the start."""
         return [s for s in self.sounds()[self.sounds_before:] if kind in (None, s["kind"])]
-
-    # -- starting and ending -----------------------------------------------------
 
     def start(self, launch_monitor=None, program=None, learn=True, **platform):
         """Starts Puffino, waits until every window shows a frame and learns
@@ -153,8 +144,6 @@ class PuffinoSession:
         same(sorted(w["id"] for w in now), sorted(w["id"] for w in self.started), "windows")
         check(all(w["visible"] and w["topmost"] for w in now), f"hidden or not topmost: {now}")
 
-    # -- windows and the screen ----------------------------------------------------
-
     def expect_windows(self, *rects, home):
         found = self.windows()
         same(sorted(w["rect"] for w in found), sorted(map(list, rects)), "window rectangles")
@@ -171,6 +160,11 @@ class PuffinoSession:
             same(count(frame, (left, bottom, right, self.height), (0, 0, 0)), (right - left) * (self.height - bottom),
                  "black pixels below a monitor")
 
+    def on_home(self, box):
+        """A box of the home monitor in X screen coordinates."""
+        left, top = self.screens[0][:2]
+        return box[0] + left, box[1] + top, box[2] + left, box[3] + top
+
     def expect_labels(self, scale=1.0):
         """Every label's text in its own colour at its place for that scale."""
         frame = self.grab()
@@ -179,34 +173,12 @@ class PuffinoSession:
             ink = count(frame, self.on_home(scaled(box, corner, scale)), colour)
             check(ink > least * scale * scale, f"{name}: {ink} pixels of its ink")
 
-    def expect_program_shows(self, text, penguin):
-        """The finish button with its label's text or without; the penguin's
-        pictures or not (None: either)."""
-        frame = self.frame_where(lambda f: count(f, FINISH, FINISH_FACE, 8) > 20000, "the finish button")
-        self.keep(frame, f"shows-{text}-{penguin}")
-        same(count(frame, FINISH, (60, 60, 72), 8) > 200, text, "the finish label's text shows")
-        if penguin is not None:
-            same(count(frame, PENGUIN, (61, 90, 143), 8) > 3000, penguin, "the penguin's pictures show")
-
-    def expect_penguin_above_finish(self):
-        frame = self.frame_where(lambda f: penguin_pose(f) == "standing", "the penguin at rest")
-        self.keep(frame, "standing")
-        columns = (frame[600:1080, 1500:1920] == (28, 34, 48)).all(axis=2).nonzero()[1]  # its outline
-        left, right = 1500 + columns.min(), 1500 + columns.max()
-        check(abs(left + right - FINISH[0] - FINISH[2]) <= 8 and right - left > 150, f"penguin in {left}..{right}")
-        feet = (frame[850:1080, left:right + 1] == (255, 167, 51)).all(axis=2).nonzero()[0]
-        check(850 + feet.max() < FINISH[1], "the feet reach into the finish button")
-
-    def expect_home_laid_out(self, rect):
-        """The home window shrunk to rect: its finish button 28 px from the
-        new corner, the penguin standing above it, black beyond its edges."""
-        right, bottom = rect[2], rect[3]
-        finish = (right - 328, bottom - 112, right - 28, bottom - 28)
-        frame = self.frame_where(lambda f: count(f, finish, FINISH_FACE, 8) > 20000, "the finish button moved")
-        self.keep(frame, "laid-out")
-        penguin = (finish[0] + 8, finish[1] - 268, finish[2] - 2, finish[1] - 8)
-        same(penguin_pose(frame, penguin), "standing", "the penguin above the button")
-        same(count(frame, (right, 0, HOME[2], HOME[3]), (0, 0, 0)), (HOME[2] - right) * HOME[3], "black pixels")
+    def expect_screen(self, shows=(), hides=(), within=30):
+        """A frame that shows all those looks (screen.LOOKS), and none of the
+        hidden ones."""
+        frame = self.frame_where(lambda f: all(LOOKS[look](f, self.sight) for look in shows), shows, within)
+        self.keep(frame, "-".join(shows)[:60])
+        same([look for look in hides if LOOKS[look](frame, self.sight)], [], "looks that should not show")
 
     def expect_moving(self, box):
         """Grabs of the box a few frame ticks apart differ."""
@@ -216,16 +188,16 @@ class PuffinoSession:
             return (first != self.grabber.grab(box)[1]).any(axis=2).sum() > 50
         self.wait_for(moved, f"movement in {box}")
 
-    # -- the penguin -----------------------------------------------------------------
+    def expect_heard(self, number, kind=None):
+        same(len(self.heard(kind)), number, f"{kind or 'sound'}s heard since the start")
 
     def tap_penguin(self):
         """A 100 ms tap high on the penguin blows nothing: no chirp (it would
-        come 300 ms after the press). A tap that pops a rising bubble is
-        made again."""
+        come 300 ms after the press). A tap that pops a bubble is made again."""
         for _ in range(3):
             pops = len(self.heard("pop"))
             self.xdotool("mousemove", 1742, 730, "mousedown", 1, "sleep", 0.1, "mouseup", 1, "sleep", 0.6)
-            same(self.heard("chirp"), [], "chirps after a tap")
+            self.expect_heard(0, "chirp")
             if len(self.heard("pop")) == pops:
                 return
         raise AssertionError("three taps each met a bubble")
@@ -236,7 +208,7 @@ class PuffinoSession:
         penguin, and a press pops one it meets: then the child lets go and
         presses again. A press that neither gets there nor pops fails."""
         condition = {"chirp": lambda: self.heard("chirp"),
-                     "blowing": lambda: penguin_pose(self.grab()) == "blowing"}.get(until, until)
+                     "blowing": lambda: LOOKS["the penguin blowing"](self.grab(), None)}.get(until, until)
         for _ in range(3):
             pops = len(self.heard("pop"))
             self.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
@@ -250,17 +222,11 @@ class PuffinoSession:
                     raise
         raise AssertionError("three presses on the penguin each met a bubble")
 
+    def keep_holding(self, seconds):
+        time.sleep(max(0.0, self.pressed + seconds - time.monotonic()))
+
     def release(self):
         self.xdotool("mouseup", 1)
-
-    def expect_penguin(self, pose, hint, chirps, held_for=0.0):
-        """Held that long since the press: the penguin in that pose, its hint
-        balloon shown or gone for good, that many chirps heard."""
-        time.sleep(max(0.0, self.pressed + held_for - time.monotonic()))
-        frame = self.frame_where(lambda f: penguin_pose(f) == pose, f"the penguin {pose}", 10)
-        self.keep(frame, f"penguin-{pose}")
-        same(count(frame, HINT, (255, 255, 255)) > 10000, hint, "the hint balloon shows")
-        same(len(self.heard("chirp")), chirps, "chirps")
 
     def blow_for_a_second(self):
         """A one-second hold: blowing not before 300 ms, a stream rising from
@@ -272,17 +238,15 @@ class PuffinoSession:
         self.keep(self.frame_where(lambda f: self.sight.differing(f, above).sum() > before + 1500 and any(
             b.bottom >= above[3] - 2 and b.left < 1810 and b.right > 1770 for b in self.sight.blobs(f, above, 2)),
             "a stream from the mouth", 5), "stream")
-        time.sleep(max(0.0, self.pressed + 1.0 - time.monotonic()))
+        self.keep_holding(1.0)
         self.release()
-        self.frame_where(lambda f: penguin_pose(f) == "standing", "the penguin at rest", 5)
-        same(len(self.heard("chirp")), 1, "chirps")
+        self.expect_screen(shows=["the penguin standing"], within=5)
+        self.expect_heard(1, "chirp")
         # 0.09 s to an envelope peak of 0.12, then only the silence of the
         # driver's last whole period.
         samples = self.samples(self.heard("chirp")[0])
         check(len(samples) >= CHIRP_SAMPLES and not any(samples[CHIRP_SAMPLES:]), f"{len(samples)} samples")
         check(0.115 <= max(map(abs, samples)) / 32768 <= 0.125, "the chirp's peak")
-
-    # -- bubbles ---------------------------------------------------------------------
 
     def pop_bubble(self, anywhere=False, burst=False):
         """Clicks the middle of a whole bubble while Puffino is held still and
@@ -323,55 +287,41 @@ class PuffinoSession:
         self.frame_where(lambda f: not self.sight.differing(f, (x - 60, y - 60, x + 60, y + 60)).any(),
                          "the landscape back where the bubble burst", 15)
 
-    def watch_screen(self, **measures):
+    def watch_screen(self, *looks):
         if self.watch:
             self.watch.stop()
-        self.watch = Watch(self.x_display, self.width, self.height, measures)
+        self.watch = Watch(self.x_display, self.width, self.height,
+                           {look: lambda f, look=look: LOOKS[look](f, self.sight) for look in looks})
 
     def pop_until_record(self):
         """Pops until the best score on disk changes: no hop before that
         moment, a hop after it, then the laughing penguin."""
         best = self.profile() / "high_score.txt"
         old = best.read_bytes()
-        self.watch_screen(hopping=self.hopping, laughing=lambda f: tuple(f[836, 1742]) == (232, 80, 91))
+        self.watch_screen("the penguin hopping", "the penguin laughing")
         for _ in range(4):
             unbeaten = time.monotonic()
             self.pop_bubble()
             if best.read_bytes() != old:
                 break
         check(best.read_bytes() != old, "four pops made no record")
-        check(not [m for m in self.watch.moments("hopping") if m < unbeaten], "a hop before the record")
-        self.wait_for(lambda: self.watch.moments("hopping"), "a hop after the record", 6)
-        self.keep(self.watch.frames["hopping"][550:1080, 1500:1920], "hop")
-        self.wait_for(lambda: self.watch.moments("laughing"), "the penguin laughing", 10)
-
-    def hopping(self, frame):
-        """The penguin's dark colours above its head: lifted off its feet
-        (its first hops fade in, blended with the landscape)."""
-        band = (1640, 600, 1845, 706)
-        part = frame[band[1]:band[3], band[0]:band[2]].astype(int)
-        red, blue, total = part[..., 0], part[..., 2], part.sum(axis=2)
-        return ((((blue - red > 40) & (total < 420)) | (total < 150)) & self.sight.differing(frame, band)).sum() > 50
+        check(not [m for m in self.watch.moments("the penguin hopping") if m < unbeaten], "a hop before the record")
+        self.wait_for(lambda: self.watch.moments("the penguin hopping"), "a hop after the record", 6)
+        self.keep(self.watch.frames["the penguin hopping"][550:1080, 1500:1920], "hop")
+        self.wait_for(lambda: self.watch.moments("the penguin laughing"), "the penguin laughing", 10)
 
     def pop_until_praise(self):
         """Pops until the instruction pill goes at ten points; the praise
         word shows in the same repaint or the next."""
-        _, box, _, colour, _ = LABELS[4]
-        self.watch_screen(gone=lambda f: count(f, box, colour) == 0, praise=self.praise)
+        self.watch_screen("the instruction", "a praise word")
+        gone = lambda: [m for m, values in list(self.watch.records) if not values["the instruction"]]  # noqa: E731
         for _ in range(14):
-            if self.watch.moments("gone"):
+            if gone():
                 break
             self.pop_bubble()
-        reached = self.wait_for(lambda: self.watch.moments("gone"), "ten points", 2)[0]
-        self.wait_for(lambda: [m for m in self.watch.moments("praise") if m >= reached - 0.3], "a praise word", 5)
-        self.keep(self.watch.frames["praise"][250:650, 500:1420], "praise")
-
-    def praise(self, frame):
-        """A praise word's orange in the middle, where the landscape has none."""
-        left, top, right, bottom = PRAISE_AREA
-        part = frame[top:bottom, left:right].astype(int)
-        orange = (part[..., 0] > 225) & (part[..., 1] > 80) & (part[..., 1] < 215) & (part[..., 2] < 110)
-        return (orange & self.sight.differing(frame, PRAISE_AREA)).sum() > 300
+        reached = self.wait_for(gone, "ten points", 2)[0]
+        self.wait_for(lambda: [m for m in self.watch.moments("a praise word") if m >= reached - 0.3], "praise", 5)
+        self.keep(self.watch.frames["a praise word"][250:650, 500:1420], "praise")
 
     def flip_sound_button(self):
         """The sound button's symbol changes at a press, and back at the next."""
@@ -382,8 +332,6 @@ class PuffinoSession:
         check(count(muted, SOUND_SYMBOL, (60, 60, 72)) > 40, "no muted symbol")
         self.xdotool("click", 1)
         self.frame_where(lambda f: (f[top:bottom, left:right] == before).all(), "the note symbol back")
-
-    # -- keys ------------------------------------------------------------------------
 
     def click(self, place):
         self.xdotool("mousemove", *PLACES.get(place, place), "click", 1)
@@ -410,8 +358,6 @@ class PuffinoSession:
                              f"{events} behind Puffino", 10)[0]
         check(not set(unseen) & set(seen), f"{unseen} got past Puffino")
 
-    # -- files in the profile ------------------------------------------------------
-
     def given_file(self, name, data, mode=0o644):
         path = self.profile() / name
         path.parent.mkdir(parents=True, exist_ok=True)
@@ -420,10 +366,12 @@ class PuffinoSession:
 
     def expect_file(self, name, data):
         """The file's bytes, or a compiled pattern they match; None: no such
-        file; "a folder": a folder by that name."""
+        file; "a folder": a folder by that name; "unchanged": as remembered."""
         path = self.profile() / name
-        if data is None or data == "a folder":
+        if data in (None, "a folder"):
             same("a folder" if path.is_dir() else path.exists() or None, data, name)
+        elif data == "unchanged":
+            same(self.file_state(name), self.remembered[name], f"{name}'s bytes, time and mode")
         else:
             got = path.read_bytes()
             check(data.match(got) if isinstance(data, re.Pattern) else got == data, f"{name}: {got!r}, not {data!r}")
@@ -437,9 +385,6 @@ class PuffinoSession:
 
     def remember_file(self, name):
         self.remembered[name] = self.file_state(name)
-
-    def expect_file_unchanged(self, name):
-        same(self.file_state(name), self.remembered[name], f"{name}'s bytes, time and mode")
 
     def expect_best_raised(self, least):
         """The best score on disk at least that much above the remembered one."""
@@ -458,9 +403,6 @@ class PuffinoSession:
         else:
             self.undo.append(self.unwritable(path)) if how == "read-only" else self.undo.pop()()
 
-    def expect_silence(self):
-        same(self.heard(), [], "sounds since the start")
-
 
 class Watch:
     """Grabs the screen all the time on a connection of its own and keeps
@@ -470,8 +412,7 @@ class Watch:
 
     def __init__(self, display, width, height, measures):
         self.grabber = Grabber(display, width, height)
-        self.measures, self.records, self.frames = measures, [], {}
-        self.running = True
+        self.measures, self.records, self.frames, self.running = measures, [], {}, True
         self.thread = threading.Thread(target=self._watch, daemon=True)
         self.thread.start()
 

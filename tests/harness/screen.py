@@ -1,7 +1,7 @@
 """Puffino's screen as a person sees it: quick grabs of the X screen, the
-places of the home monitor's controls and the program's colours, pixel
-counts in a box, and the bubbles found as what differs from the landscape
-a monitor ought to show."""
+places and colours of the home monitor's controls, what can be seen there
+(LOOKS), and the bubbles as what differs from the landscape a monitor
+ought to show."""
 
 import ctypes
 import subprocess
@@ -11,34 +11,26 @@ from dataclasses import dataclass
 import numpy
 
 CONVERT = "/usr/bin/convert"  # the real ImageMagick, by full path
-
-# Two monitors side by side in X screen coordinates: the 1920x1080 home
+# Two monitors side by side, in X screen coordinates: the 1920x1080 home
 # monitor (primary) and a 1280x1024 one to its right.
-HOME = (0, 0, 1920, 1080)
-OTHER = (1920, 0, 3200, 1024)
+HOME, OTHER = (0, 0, 1920, 1080), (1920, 0, 3200, 1024)
 # The home monitor's controls at 96 DPI, (left, top, right, bottom) with
 # right and bottom outside. The finish button is 300 x 84, 28 px from the
 # bottom-right corner; the penguin (240 px tall) stands above it.
-FINISH = (1592, 968, 1892, 1052)
-SOUND_BUTTON = (28, 968, 112, 1052)
-SOUND_SYMBOL = (40, 980, 100, 1040)
-PENGUIN = (1600, 700, 1890, 960)
-ON_PENGUIN = (1742, 820)
-HINT = (1250, 766, 1620, 874)
-PRAISE_AREA = (560, 300, 1360, 600)  # around the middle of the home monitor
+FINISH, PENGUIN, ON_PENGUIN = (1592, 968, 1892, 1052), (1600, 700, 1890, 960), (1742, 820)
+SOUND_SYMBOL, PRAISE_AREA = (40, 980, 100, 1040), (560, 300, 1360, 600)
+FINISH_FACE, LABEL_INK = (232, 188, 192), (60, 60, 72)  # as Wine's GDI+ draws them, not anti-aliased
 # (name, box at 96 DPI, the corner it keeps its distance to as it grows,
 # text colour, least ink at 96 DPI).
 LABELS = [
-    ("finish", FINISH, "bottom right", (60, 60, 72), 300),
-    ("sound", SOUND_BUTTON, "bottom left", (60, 60, 72), 60),
+    ("finish", FINISH, "bottom right", LABEL_INK, 300),
+    ("sound", (28, 968, 112, 1052), "bottom left", LABEL_INK, 60),
     ("best pill", (1640, 20, 1900, 90), "top right", (180, 120, 40), 200),
     ("current pill", (1640, 92, 1900, 160), "top right", (90, 110, 150), 150),
     ("instruction", (20, 20, 760, 140), "top left", (70, 120, 180), 300),
     ("hint balloon", (1100, 740, 1640, 900), "bottom right", (45, 80, 150), 400),
 ]
-FINISH_FACE = (232, 188, 192)  # as Wine's GDI+ draws it, without anti-aliasing
-# Bubbles at scale 1: radius 18 to 44, gold ones with their halo reach 1.38 r.
-BUBBLE_SPAN = (30, 125)
+BUBBLE_SPAN = (30, 125)  # radius 18 to 44 at scale 1, a gold one's halo 1.38 r
 LANDSCAPE_TOLERANCE = 2  # the gallery's painting and the screen differ a level here and there
 CELL = 2  # bubbles are found on a grid of 2 x 2 pixel cells
 
@@ -69,6 +61,37 @@ def penguin_pose(frame, penguin=PENGUIN):
     xs = numpy.nonzero((head[..., 0] > 230) & (head[..., 1] > 140) & (head[..., 1] < 190) & (head[..., 2] < 80))[1]
     x, middle = left + xs.mean() if len(xs) > 40 else -99, (left + right) // 2 - 3
     return "standing" if abs(x - middle) < 12 else "blowing" if x > middle + 20 else None
+
+
+def coloured(frame, sight, box, test):
+    """How many pixels of the box pass test(red, green, blue) where the
+    landscape does not show."""
+    part = frame[box[1]:box[3], box[0]:box[2]].astype(int)
+    return int((test(part[..., 0], part[..., 1], part[..., 2]) & sight.differing(frame, box)).sum())
+
+
+# What a person sees on the home monitor: name -> test(frame, sight).
+LOOKS = {
+    "the finish button": lambda f, s: count(f, FINISH, FINISH_FACE, 8) > 20000,
+    "the finish label's text": lambda f, s: count(f, FINISH, LABEL_INK, 8) > 200,
+    "the penguin's pictures": lambda f, s: count(f, PENGUIN, (61, 90, 143), 8) > 3000,
+    "the penguin standing": lambda f, s: penguin_pose(f) == "standing",
+    "the penguin blowing": lambda f, s: penguin_pose(f) == "blowing",
+    "the hint balloon": lambda f, s: count(f, (1250, 766, 1620, 874), (255, 255, 255)) > 10000,
+    "the instruction": lambda f, s: count(f, LABELS[4][1], LABELS[4][3]) > 0,
+    "the penguin laughing": lambda f, s: tuple(f[836, 1742]) == (232, 80, 91),
+    # Its dark colours above its head: lifted off its feet (the first hops
+    # fade in, blended with the landscape).
+    "the penguin hopping": lambda f, s: coloured(f, s, (1640, 600, 1845, 706), lambda r, g, b: (
+        (b - r > 40) & (r + g + b < 420)) | (r + g + b < 150)) > 50,
+    "a praise word": lambda f, s: coloured(f, s, PRAISE_AREA, lambda r, g, b: (r > 225) & (g > 80) & (g < 215)
+                                           & (b < 110)) > 300,  # its orange, or a gold bubble's
+    # The home window shrunk to 1600x900: its finish button 28 px from the
+    # new corner, the penguin above it, black beyond.
+    "the finish button of a 1600x900 home": lambda f, s: count(f, (1272, 788, 1572, 872), FINISH_FACE, 8) > 20000,
+    "the penguin of a 1600x900 home": lambda f, s: penguin_pose(f, (1280, 520, 1570, 780)) == "standing",
+    "black beyond a 1600x900 home": lambda f, s: count(f, (1600, 0, 1920, 1080), (0, 0, 0)) == 320 * 1080,
+}
 
 
 class _XImage(ctypes.Structure):

@@ -1,9 +1,7 @@
-"""A private Wine world for the Wine-tier tests, the scenarios and the tools
-(WineSession): a copy of the prepared prefix, an Xvfb server sized to the
-chosen monitors, the stand-in libXinerama.so.1 that reports them to Wine, a
-persistent wineserver. In it, Puffino.exe played through the scenario steps
-(WinePuffino): probe.exe lists windows, posts messages and watches the keys
-behind the keyboard guard; ALSA writes every sound played to files."""
+"""A private Wine world (WineSession): a copy of the prepared prefix, an Xvfb
+server sized to the monitors, the stand-in libXinerama.so.1 that reports them
+to Wine, a persistent wineserver. Puffino.exe played in it by the scenario
+steps (WinePuffino), through probe.exe and sound captured to files."""
 
 import array
 import contextlib
@@ -40,9 +38,8 @@ KEY_NAMES = {0x5B: "super", 0x5D: "Menu", 0x1B: "Escape", 0x09: "Tab", 0x20: "sp
 
 
 def wine_environment(prefix, display=None, heads=()):
-    """Every Wine call's environment: private prefix, 64-bit, quiet, no Mono
-    or Gecko install dialogs (they would block forever), no menu builder
-    (the prefix's shortcuts must not reach this machine's desktop)."""
+    """Private prefix, 64-bit, quiet, no Mono or Gecko dialogs (they block
+    forever), no menu builder (shortcuts must not reach this desktop)."""
     env = {k: v for k, v in os.environ.items() if not k.startswith(("WINE", "TONKARI_"))}
     env.update(WINEPREFIX=str(prefix), WINEARCH="win64", WINEDEBUG="-all",
                WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d", **({"DISPLAY": display} if display else {}))
@@ -83,10 +80,9 @@ def prepare_template():
     try:
         env, quiet = wine_environment(TEMPLATE, display), {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
         subprocess.run(["wineboot", "-i"], env=env, check=True, timeout=300, **quiet)
-        # Wine reads the monitors from Xinerama (our stand-in) only while
-        # XRandR is off. Without a window manager Wine waits two seconds for
-        # one at every hide of a managed window; unmanaged ones sit exactly
-        # where Windows would put them.
+        # Wine asks Xinerama (our stand-in) only while XRandR is off; an
+        # unmanaged window sits where Windows would put it, and its hiding
+        # waits for no window manager (two seconds each).
         for name in ("UseXRandR", "Managed"):
             subprocess.run(["wine", "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", name, "/d", "N", "/f"],
                            env=env, check=True, timeout=120, **quiet)
@@ -101,8 +97,7 @@ def reg_string(text):
 
 
 class WineSession:
-    """One Wine world as a context manager: prefix copy, Xvfb, monitors,
-    wineserver; all gone on exit but the artifacts (pictures)."""
+    """A Wine world as a context manager; all gone on exit but the artifacts."""
 
     def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None, sound_capture=False,
                  font_replacements=None, fonts=()):
@@ -146,9 +141,8 @@ class WineSession:
         self.x_env = {**os.environ, "DISPLAY": self.x_display}
         self.env = wine_environment(self.prefix, self.x_display, self.heads)
         if self.sound_capture:
-            # ALSA's default device a file plugin over the null device: every
-            # stream Wine opens lands in a file of its own, named by its rate,
-            # and at once (the null device is not paced).
+            # A file plugin over ALSA's null device: each stream Wine opens
+            # lands at once (unpaced) in a file of its own, named by its rate.
             self.sound_dir = self.root / "sound"
             self.sound_dir.mkdir()
             (self.sound_dir / "asound.conf").write_text(
@@ -190,9 +184,8 @@ class WineSession:
         return process
 
     def run(self, exe, *args, env=None, timeout=120):
-        """Runs a Windows program to its end: (exit code, stdout, stderr).
-        Output goes through files: Wine's helpers inherit the handles and
-        outlive the program."""
+        """(exit code, stdout, stderr) of a Windows program, through files:
+        Wine's helpers inherit the handles and outlive the program."""
         with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
             process = subprocess.Popen(["wine", str(exe), *args], env={**self.env, **(env or {})}, stdout=out,
                                        stderr=err)
@@ -234,8 +227,7 @@ class WineSession:
 
 
 class WinePuffino(WineSession, PuffinoSession):
-    """Puffino.exe in a Wine world with its sound captured, played by the
-    scenario steps; each scenario starts from a profile new to Puffino."""
+    """Puffino.exe in a Wine world with its sound captured."""
 
     def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None):
         WineSession.__init__(self, label, heads, dpi, artifacts, sound_capture=True, font_replacements=SYMBOL_FACE)
@@ -245,7 +237,7 @@ class WinePuffino(WineSession, PuffinoSession):
     def start_program(self, launch_monitor=None, program=None, sound_device=True):
         """sound_device False: every audio driver off (the device enumerator
         cannot even be made); "none": a driver that finds no playback device."""
-        env = {"TONKARI_LAUNCH_MONITOR": ",".join(map(str, launch_monitor))} if launch_monitor else {}
+        env = self.launch_env(launch_monitor)
         if sound_device is False:
             env["WINEDLLOVERRIDES"] = self.env["WINEDLLOVERRIDES"] + ";winealsa.drv,winepulse.drv,wineoss.drv=d"
         elif sound_device == "none":
@@ -253,8 +245,11 @@ class WinePuffino(WineSession, PuffinoSession):
         return self.launch(self.programs.get(program, PUFFINO_EXE), env=env)
 
     def run_to_end(self, launch_monitor=None):
-        env = {"TONKARI_LAUNCH_MONITOR": ",".join(map(str, launch_monitor))} if launch_monitor else {}
-        return self.run(PUFFINO_EXE, env=env, timeout=30)[0]
+        return self.run(PUFFINO_EXE, env=self.launch_env(launch_monitor), timeout=30)[0]
+
+    @staticmethod
+    def launch_env(monitor):
+        return {"TONKARI_LAUNCH_MONITOR": ",".join(map(str, monitor))} if monitor else {}
 
     def close_window(self, window):
         self.post(window, WM_CLOSE)
@@ -276,8 +271,8 @@ class WinePuffino(WineSession, PuffinoSession):
             os.kill(self.process.pid, signal.SIGCONT)
 
     def paintings(self, width, height):
-        """Every landscape at that size as the gallery program paints it
-        (once per session): theme -> picture."""
+        """Theme -> picture of every landscape at that size, as the gallery
+        program paints it (once per session)."""
         if not self.galleries:
             (self.root / "gallery").mkdir(exist_ok=True)
             code, _, err = self.run(TOOLS / "scenery_gallery.exe", windows_path(self.root / "gallery"))
@@ -288,8 +283,8 @@ class WinePuffino(WineSession, PuffinoSession):
         return self.galleries[f"{width}x{height}"]
 
     def sounds(self):
-        """The sounds played, in order: the chirp (22050 Hz) or a pop (one
-        that brings a praise is cut off by the cheer: either tells of it)."""
+        """The sounds played in order: the chirp (22050 Hz), or a pop (the
+        cheer of a praise cuts its pop off: either tells of it)."""
         paths = sorted(self.sound_dir.glob("stream_*"), key=lambda p: p.stat().st_mtime_ns)
         return [{"kind": "chirp" if p.name.split("_")[1] == "22050" else "pop", "path": p} for p in paths]
 
@@ -297,8 +292,7 @@ class WinePuffino(WineSession, PuffinoSession):
         return array.array("h", sound["path"].read_bytes())  # 16-bit mono, as named
 
     def watch_keys(self):
-        """Starts the key watcher before Puffino, so that its hook sits behind
-        the keyboard guard and sees exactly what the guard passes on."""
+        """The key watcher, started before Puffino: its hook sits behind the guard."""
         self.key_log = self.root / "keys.log"
         with open(self.key_log, "wb") as out:
             self.undo.append(self.launch(TOOLS / "probe.exe", "watch-keys", out=out).kill)
@@ -310,7 +304,7 @@ class WinePuffino(WineSession, PuffinoSession):
 
     def take_out_of_topmost(self):
         """The home window out of the topmost band; the 1.5 s topmost tick may
-        put it back before the probe reads it: one of a few tries shows it."""
+        put it back before the probe looks: one of a few tries shows it."""
         home = self.home()
         check(any(not self.probe("notopmost", home["hwnd"])["exstyle"] & WS_EX_TOPMOST for _ in range(5)),
               "the window stayed in the topmost band")
@@ -347,9 +341,8 @@ class WinePuffino(WineSession, PuffinoSession):
                       "the home window at its new size")
 
     def copy_program(self, name, parts=("Fonts", "assets"), damaged_poses=False, from_zip=False):
-        """Puffino.exe in a folder of its own with those parts beside it, or
-        the release zip unpacked; damaged_poses: pose pictures that do not
-        decode, an empty one, a folder with a picture's name."""
+        """Puffino.exe with those parts beside it, or the release zip unpacked;
+        damaged_poses: undecodable, empty and folder pose pictures."""
         folder = self.prefix / "drive_c" / "Toys" / name
         if from_zip:
             with zipfile.ZipFile(DIST / f"Puffino-{VERSION}-win64.zip") as archive:
@@ -380,9 +373,8 @@ class WinePuffino(WineSession, PuffinoSession):
             self.post(home, WM_GUARDED_KEY, 0x73)
 
     def unwritable(self, path):
-        """The read-only attribute as Windows knows it (Wine shows missing
-        write permission as that; root needs the entry immutable too).
-        Returns what undoes it."""
+        """Read-only as Windows knows it (Wine's reading of no write permission;
+        root needs the entry immutable too); returns what undoes it."""
         mode, immutable = path.stat().st_mode & 0o7777, os.geteuid() == 0
         path.chmod(mode & ~0o222)
         subprocess.run(["chattr", "+i", str(path)], check=immutable)
@@ -412,23 +404,20 @@ class WinePuffino(WineSession, PuffinoSession):
         check(b'level="asInvoker"' in installer.read_bytes(), "the installer asks for elevation")
         same(self.run(installer, "/S", timeout=300)[0], 0, "the installer's exit code")
         self.installed = self.user_folder() / "AppData" / "Local" / "Programs" / "Puffino"
+        self.shortcut = self.user_folder() / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Puffino.lnk"
         self.programs["installed"] = self.installed / "Puffino.exe"
 
     def expect_installed(self, files):
-        """Those files as the release has them, the uninstaller, a Start menu
-        shortcut to Puffino.exe and the uninstall entry."""
+        """The release's files, the uninstaller, a shortcut, the uninstall entry."""
         same({p.relative_to(self.installed).as_posix() for p in self.installed.rglob("*") if p.is_file()},
              files | {"Uninstall.exe"}, "installed files")
         for name in files:
             check((self.installed / name).read_bytes() == (DIST / "Puffino" / name).read_bytes(), f"{name} differs")
         target = rf"{self.user_folder().name}\AppData\Local\Programs\Puffino\Puffino.exe"
-        link = self.shortcut().read_bytes()
+        link = self.shortcut.read_bytes()
         check(target.encode("ascii") in link or target.encode("utf-16-le") in link, "the shortcut's target")
         entry = self.uninstall_entry()
         same((entry["DisplayName"], entry["DisplayVersion"]), ("Puffino", VERSION), "the uninstall entry")
-
-    def shortcut(self):
-        return self.user_folder() / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Puffino.lnk"
 
     def uninstall_entry(self):
         code, out, _ = self.run("reg", "query", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Puffino")
@@ -436,10 +425,10 @@ class WinePuffino(WineSession, PuffinoSession):
         return {v[0]: v[2] if len(v) > 2 else "" for v in values} if code == 0 else None
 
     def uninstall(self):
-        """The uninstaller copies itself away and works from there: the first
-        process ends at once, and its last step removes the entry."""
+        """The uninstaller works from a copy of itself (the first process ends
+        at once); its last step removes the entry."""
         same(self.run(self.uninstall_entry()["UninstallString"].strip('"'), "/S")[0], 0, "exit code")
-        self.wait_for(lambda: not self.installed.exists() and not self.shortcut().exists()
+        self.wait_for(lambda: not self.installed.exists() and not self.shortcut.exists()
                       and self.uninstall_entry() is None, "program, shortcut and entry gone", 60)
 
 
