@@ -57,14 +57,13 @@ TWO_MONITORS = {
         step.remember_disk(), step.start(),
         step.expect_windows(HOME, OTHER, home=HOME),
         step.tap_penguin(),
-        step.expect_landscapes(),
         step.expect_file("config.ini", DEFAULT_CONFIG), step.expect_file("high_score.txt", None),
         step.expect_screen(shows=["the finish button", "the finish label's text", "the penguin's pictures",
                                   "the penguin standing"]),  # above the button
         step.blow_for_a_second(),
         step.pop_bubble(burst=True), step.expect_file("high_score.txt", BEST),
         step.expect_no_network(),
-        step.launch_again(0),
+        step.launch_and_expect(0),
         step.end_through(OTHER),
         step.expect_profile_holds("config.ini", "high_score.txt"),
         step.expect_nothing_written_outside_the_profile(),
@@ -73,7 +72,7 @@ TWO_MONITORS = {
         step.start(launch_monitor=OTHER, learn=False), step.expect_windows(HOME, OTHER, home=OTHER),
         step.click("finish of the other monitor"), step.expect_exit(0),
     ],
-    "a launch value naming no monitor": [step.start_fails(1, launch_monitor=(5000, 0, 6000, 1000))],
+    "a launch value naming no monitor": [step.launch_and_expect(1, launch_monitor=(5000, 0, 6000, 1000))],
     "a record, ten points and the sound button": [
         step.given_file("config.ini", JAPANESE), step.given_file("high_score.txt", b"  2 trailing words"),
         step.start(), step.expect_labels(),
@@ -85,7 +84,7 @@ TWO_MONITORS = {
     "the keyboard guard": [
         step.given_file("config.ini", VOLUME_CEILING), step.watch_keys(), step.start(learn=False),
         step.press_shortcuts(SHORTCUTS), step.expect_keys_seen(("up", "Tab"), ("up", "Escape")),
-        step.take_out_of_topmost(), step.expect_topmost_again(),  # a tick that ends with the ceiling
+        step.take_out_of_topmost(), step.expect_playing(within=5),  # a tick that ends with the ceiling
         step.press_keys("alt+F4"), step.expect_exit(0), step.expect_keys_seen(unseen=[("down", "F4")]),
     ],
     "a hand-edited read-only config without the guard": [
@@ -98,9 +97,9 @@ TWO_MONITORS = {
     ],
     "display changes under a press and a hold": [
         step.start(),
-        step.change_display(while_pressing=True), step.keep_holding(1.0),  # well past the 300 ms
+        step.change_display(while_pressing=True),
+        step.release(held_for=1.0),  # well past the 300 ms
         step.expect_screen(shows=["the penguin standing", "the hint balloon"]), step.expect_heard(0, "chirp"),
-        step.release(),
         step.hold_penguin(), step.change_display(),
         step.expect_screen(shows=["the penguin standing"], hides=["the hint balloon"]),  # gone for good
         step.expect_heard(1, "chirp"), step.release(),
@@ -130,7 +129,7 @@ TWO_MONITORS = {
     **{name: [
         step.given_file("config.ini", VOLUME_CEILING), step.start(sound_device=device, learn=False),
         step.hold_penguin(let_go=True),
-        step.take_out_of_topmost(), step.expect_topmost_again(),  # the ceiling finds no device
+        step.take_out_of_topmost(), step.expect_playing(within=5),  # the ceiling finds no device
         step.expect_heard(0),
         step.end_through(HOME),
     ] for name, device in (("no sound driver", False), ("no playback device", "none"))},
@@ -167,8 +166,7 @@ TWO_MONITORS = {
 LEFT_OF_PRIMARY_AT_144_DPI = {
     "windows and labels": [
         step.given_file("config.ini", JAPANESE), step.start(),
-        step.expect_windows(LEFT, HOME, home=HOME),
-        step.expect_landscapes(),
+        step.expect_windows(LEFT, HOME, home=HOME),  # a landscape on each, learnt at the start
         step.expect_labels(scale=1.5),  # every distance to the corner half again as large
         step.end_through(LEFT),
     ],

@@ -1,8 +1,6 @@
-"""What a parent downloads, as files: the zip unpacks into one folder of the
-shipped files with Windows text files; its bytes depend only on the files in
-it; the shipped exe needs no DLL beyond the system's (none of them a network
-library) and carries no build time. Installing and playing them is in the
-scenarios."""
+"""What a parent downloads, as files: one folder in the zip, with Windows text
+files; the zip's bytes depend only on the files in it; the exe needs no DLL
+beyond the system's (no network library) and carries no build time."""
 
 import os
 import shutil

@@ -1,12 +1,10 @@
-"""Puffino played as a person plays it, in the words of the scenario tables:
-start it, click, hold the penguin, press keys, damage a file; then see the
-windows, the screen, the files, the sounds, the exit code. A scenario is a
-list of rows `step.<what is done or seen>(...)`.
-
-PuffinoSession knows the X screen and the profile's files; a platform's
-subclass (WinePuffino) starts the program and answers the rest: windows,
-sounds, keys seen behind the guard, the landscapes' paintings, and its
-own ways to change the display, copy the program and install it."""
+"""Puffino played as a person plays it, in the words of the scenario tables
+(lists of rows `step.<what is done or seen>(...)`): start it, click, hold
+the penguin, press keys, damage a file; see the windows, the screen, the
+files, the sounds, the exit code. PuffinoSession knows the X screen and the
+files; a platform's subclass (WinePuffino) starts the program and answers
+for its windows, sounds and keys, and for its own ways to change the
+display, copy the program and install it."""
 
 import re
 import shutil
@@ -24,12 +22,8 @@ PLACES = {"finish": (1742, 1010), "sound button": (70, 1010), "finish of the oth
 CHIRP_SAMPLES = 1984  # 0.09 s at 22050 Hz
 
 
-class _Steps:
-    def __getattr__(self, name):
-        return lambda *args, **kwargs: (name, args, kwargs)
-
-
-step = _Steps()  # step.name(*args, **kwargs) is the row (name, args, kwargs)
+# step.name(*args, **kwargs) is the row (name, args, kwargs).
+step = type("Steps", (), {"__getattr__": lambda self, name: lambda *args, **kwargs: (name, args, kwargs)})()
 
 
 def check(condition, message):
@@ -119,14 +113,11 @@ class PuffinoSession:
             w["visible"] and self.grabber.pixel(w["rect"][0] - left + 10, w["rect"][1] + 5) != (0, 0, 0)
             for w in found) else None
 
-    def start_fails(self, code, launch_monitor=None):
-        same(self.run_to_end(launch_monitor), code, "exit code")
-        same(self.windows(), [], "windows")
-
-    def launch_again(self, code):
+    def launch_and_expect(self, code, launch_monitor=None):
+        """Another launch ends at once with that code, leaving the windows as they were."""
         before = sorted(w["id"] for w in self.windows())
-        same(self.run_to_end(), code, "the second launch's exit code")
-        same(sorted(w["id"] for w in self.windows()), before, "windows after a second launch")
+        same(self.run_to_end(launch_monitor), code, "exit code")
+        same(sorted(w["id"] for w in self.windows()), before, "windows after the launch")
 
     def end_through(self, window):
         """Closes the window on that monitor as a parent's tool would."""
@@ -137,8 +128,10 @@ class PuffinoSession:
         same(self.exit_code(), code, "exit code")
         same(self.windows(), [], "windows")
 
-    def expect_playing(self):
-        """Still running, every window of the start in place, shown and topmost."""
+    def expect_playing(self, within=0):
+        """Still running, every window of the start in place, shown and topmost
+        (within that many seconds)."""
+        self.wait_for(lambda: all(w["topmost"] for w in self.windows()), "every window topmost", within)
         check(self.process.poll() is None, f"play ended with {self.process.returncode}")
         now = self.windows()
         same(sorted(w["id"] for w in now), sorted(w["id"] for w in self.started), "windows")
@@ -151,14 +144,6 @@ class PuffinoSession:
             same((w["title"], w["plain"], w["topmost"]), ("Puffino", True, True), "title, tool window, topmost")
         self.wait_for(lambda: [w["rect"] for w in self.windows() if w["foreground"]] == [list(home)],
                       f"the home window {home} in front")
-
-    def expect_landscapes(self):
-        """A landscape on each monitor (learnt at the start), black below one."""
-        frame = self.grab()
-        self.keep(frame, "landscapes")
-        for left, top, right, bottom in self.screens:
-            same(count(frame, (left, bottom, right, self.height), (0, 0, 0)), (right - left) * (self.height - bottom),
-                 "black pixels below a monitor")
 
     def on_home(self, box):
         """A box of the home monitor in X screen coordinates."""
@@ -203,10 +188,9 @@ class PuffinoSession:
         raise AssertionError("three taps each met a bubble")
 
     def hold_penguin(self, until="blowing", let_go=False):
-        """Holds the penguin down until it blows (or a chirp is heard, or
-        until() is true), then lets go if asked. Bubbles rise through the
-        penguin, and a press pops one it meets: then the child lets go and
-        presses again. A press that neither gets there nor pops fails."""
+        """Holds the penguin down until it blows (or a chirp is heard, or until()),
+        letting go if asked. A press pops a bubble rising through the penguin:
+        then the child presses again; one that neither gets there nor pops fails."""
         condition = {"chirp": lambda: self.heard("chirp"),
                      "blowing": lambda: LOOKS["the penguin blowing"](self.grab(), None)}.get(until, until)
         for _ in range(3):
@@ -222,10 +206,9 @@ class PuffinoSession:
                     raise
         raise AssertionError("three presses on the penguin each met a bubble")
 
-    def keep_holding(self, seconds):
-        time.sleep(max(0.0, self.pressed + seconds - time.monotonic()))
-
-    def release(self):
+    def release(self, held_for=0.0):
+        """Lets go of the mouse button, held that long since the press."""
+        time.sleep(max(0.0, getattr(self, "pressed", 0) + held_for - time.monotonic()))
         self.xdotool("mouseup", 1)
 
     def blow_for_a_second(self):
@@ -238,8 +221,7 @@ class PuffinoSession:
         self.keep(self.frame_where(lambda f: self.sight.differing(f, above).sum() > before + 1500 and any(
             b.bottom >= above[3] - 2 and b.left < 1810 and b.right > 1770 for b in self.sight.blobs(f, above, 2)),
             "a stream from the mouth", 5), "stream")
-        self.keep_holding(1.0)
-        self.release()
+        self.release(held_for=1.0)
         self.expect_screen(shows=["the penguin standing"], within=5)
         self.expect_heard(1, "chirp")
         # 0.09 s to an envelope peak of 0.12, then only the silence of the
@@ -250,10 +232,9 @@ class PuffinoSession:
 
     def pop_bubble(self, anywhere=False, burst=False):
         """Clicks the middle of a whole bubble while Puffino is held still and
-        waits to hear the pop: a bubble alone on the other monitor, or
-        anywhere one that touches no other (a lone one gets rare as play goes
-        on). A pop heard late on a busy machine is given time, so as not to
-        be popped and counted again."""
+        hears it pop: one alone on the other monitor, or anywhere one that
+        touches no other (a lone one gets rare as play goes on). A pop heard
+        late on a busy machine is given time, not popped and counted again."""
         deadline = time.monotonic() + 60
         while time.monotonic() < deadline:
             pops = len(self.heard("pop"))
@@ -288,10 +269,8 @@ class PuffinoSession:
                          "the landscape back where the bubble burst", 15)
 
     def watch_screen(self, *looks):
-        if self.watch:
-            self.watch.stop()
-        self.watch = Watch(self.x_display, self.width, self.height,
-                           {look: lambda f, look=look: LOOKS[look](f, self.sight) for look in looks})
+        self.watch and self.watch.stop()
+        self.watch = Watch(self.x_display, self.width, self.height, self.sight, looks)
 
     def pop_until_record(self):
         """Pops until the best score on disk changes: no hop before that
@@ -379,12 +358,12 @@ class PuffinoSession:
     def expect_profile_holds(self, *names):
         same(sorted(p.name for p in self.profile().iterdir()), sorted(names), "the profile's files")
 
+    def remember_file(self, name):
+        self.remembered[name] = self.file_state(name)
+
     def file_state(self, name):
         path = self.profile() / name
         return path.read_bytes(), path.stat().st_mtime_ns, path.stat().st_mode
-
-    def remember_file(self, name):
-        self.remembered[name] = self.file_state(name)
 
     def expect_best_raised(self, least):
         """The best score on disk at least that much above the remembered one."""
@@ -406,22 +385,21 @@ class PuffinoSession:
 
 class Watch:
     """Grabs the screen all the time on a connection of its own and keeps
-    (moment, {name: measure(frame)}) of each grab and the first frame where
-    each measure held: what the screen showed stays on record even when a
-    pop is heard late."""
+    (moment, {look: seen}) of each grab and the first frame of each look:
+    what the screen showed stays on record even when a pop is heard late."""
 
-    def __init__(self, display, width, height, measures):
-        self.grabber = Grabber(display, width, height)
-        self.measures, self.records, self.frames, self.running = measures, [], {}, True
+    def __init__(self, display, width, height, sight, looks):
+        self.grabber, self.sight, self.looks = Grabber(display, width, height), sight, looks
+        self.records, self.frames, self.running = [], {}, True
         self.thread = threading.Thread(target=self._watch, daemon=True)
         self.thread.start()
 
     def _watch(self):
         while self.running:
             moment, frame = self.grabber.grab()
-            values = {name: bool(measure(frame)) for name, measure in self.measures.items()}
-            for name in (n for n in values if values[n]):
-                self.frames.setdefault(name, frame)
+            values = {look: bool(LOOKS[look](frame, self.sight)) for look in self.looks}
+            for look in (look for look in values if values[look]):
+                self.frames.setdefault(look, frame)
             self.records.append((moment, values))
             time.sleep(0.05)
 

@@ -94,13 +94,11 @@ LOOKS = {
 }
 
 
-class _XImage(ctypes.Structure):
-    _fields_ = [("width", ctypes.c_int), ("height", ctypes.c_int), ("xoffset", ctypes.c_int),
-                ("format", ctypes.c_int), ("data", ctypes.POINTER(ctypes.c_ubyte)),
-                ("byte_order", ctypes.c_int), ("bitmap_unit", ctypes.c_int),
-                ("bitmap_bit_order", ctypes.c_int), ("bitmap_pad", ctypes.c_int),
-                ("depth", ctypes.c_int), ("bytes_per_line", ctypes.c_int),
-                ("bits_per_pixel", ctypes.c_int)]
+class _XImage(ctypes.Structure):  # its head, up to the fields read
+    _fields_ = [*((name, ctypes.c_int) for name in ("width", "height", "xoffset", "format")),
+                ("data", ctypes.POINTER(ctypes.c_ubyte)),
+                *((name, ctypes.c_int) for name in ("byte_order", "bitmap_unit", "bitmap_bit_order",
+                                                    "bitmap_pad", "depth", "bytes_per_line"))]
 
 
 class Grabber:
@@ -146,12 +144,9 @@ class Grabber:
         self.x11.XCloseDisplay(self.display)
 
 
-def read_png(path):
-    size = subprocess.run([CONVERT, str(path), "-format", "%w %h", "info:"], check=True,
-                          capture_output=True, text=True, timeout=60).stdout.split()
-    rgb = subprocess.run([CONVERT, str(path), "-depth", "8", "rgb:-"], check=True,
-                         stdout=subprocess.PIPE, timeout=60).stdout
-    return numpy.frombuffer(rgb, numpy.uint8).reshape(int(size[1]), int(size[0]), 3)
+def read_png(path, width, height):
+    rgb = subprocess.run([CONVERT, str(path), "-depth", "8", "rgb:-"], check=True, stdout=subprocess.PIPE).stdout
+    return numpy.frombuffer(rgb, numpy.uint8).reshape(height, width, 3)
 
 
 def save_png(frame, path):

@@ -257,8 +257,7 @@ class WinePuffino(WineSession, PuffinoSession):
     def exit_code(self):
         return self.wait_exit(self.process)
 
-    def profile(self):
-        return self.app_data()
+    profile = WineSession.app_data
 
     @contextlib.contextmanager
     def held_still(self):
@@ -277,9 +276,9 @@ class WinePuffino(WineSession, PuffinoSession):
             (self.root / "gallery").mkdir(exist_ok=True)
             code, _, err = self.run(TOOLS / "scenery_gallery.exe", windows_path(self.root / "gallery"))
             check(code == 0, f"the scenery gallery failed: {err}")
-            for path in (self.root / "gallery").glob("*.png"):
+            for path in (self.root / "gallery").glob("*.png"):  # theme-WxH.png
                 theme, size = path.stem.rsplit("-", 1)
-                self.galleries.setdefault(size, {})[theme] = read_png(path)
+                self.galleries.setdefault(size, {})[theme] = read_png(path, *map(int, size.split("x")))
         return self.galleries[f"{width}x{height}"]
 
     def sounds(self):
@@ -308,10 +307,6 @@ class WinePuffino(WineSession, PuffinoSession):
         home = self.home()
         check(any(not self.probe("notopmost", home["hwnd"])["exstyle"] & WS_EX_TOPMOST for _ in range(5)),
               "the window stayed in the topmost band")
-
-    def expect_topmost_again(self):
-        self.wait_for(lambda: all(w["topmost"] for w in self.windows()), "every window topmost again")
-        self.expect_playing()
 
     def change_display(self, while_pressing=False):
         """The display changes, at once or the moment Puffino handles a press
