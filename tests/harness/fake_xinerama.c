@@ -15,16 +15,20 @@ typedef struct _XDisplay Display;
 
 enum { kMaxHeads = 16 };
 
-static int ReadHeads(XineramaScreenInfo *heads) {
+/* The heads, in a new array the caller frees with XFree (which is free). */
+static XineramaScreenInfo *ReadHeads(int *count) {
     const char *text = getenv("PUFFINO_FAKE_HEADS");
-    int count = 0, width, height, x, y, used;
-    while (text && count < kMaxHeads && sscanf(text, "%dx%d+%d+%d%n", &width, &height, &x, &y, &used) == 4) {
-        XineramaScreenInfo head = {count, (short)x, (short)y, (short)width, (short)height};
-        heads[count++] = head;
+    XineramaScreenInfo *heads = malloc(sizeof *heads * kMaxHeads);
+    int width, height, x, y, used;
+    *count = 0;
+    while (heads && text && *count < kMaxHeads &&
+           sscanf(text, "%dx%d+%d+%d%n", &width, &height, &x, &y, &used) == 4) {
+        XineramaScreenInfo head = {*count, (short)x, (short)y, (short)width, (short)height};
+        heads[(*count)++] = head;
         text += used;
         if (*text++ != ',') break;
     }
-    return count;
+    return heads;
 }
 
 int XineramaQueryExtension(Display *display, int *eventBase, int *errorBase) {
@@ -40,19 +44,13 @@ int XineramaQueryVersion(Display *display, int *major, int *minor) {
 }
 
 int XineramaIsActive(Display *display) {
-    XineramaScreenInfo heads[kMaxHeads];
+    int count;
     (void)display;
-    return ReadHeads(heads) > 0;
+    free(ReadHeads(&count));
+    return count > 0;
 }
 
-/* The caller frees the array with XFree, which is free(). */
 XineramaScreenInfo *XineramaQueryScreens(Display *display, int *number) {
-    XineramaScreenInfo *heads = malloc(sizeof *heads * kMaxHeads);
     (void)display;
-    *number = heads ? ReadHeads(heads) : 0;
-    if (*number == 0) {
-        free(heads);
-        return NULL;
-    }
-    return heads;
+    return ReadHeads(number);
 }

@@ -9,10 +9,9 @@ display, copy the program and install it."""
 import re
 import shutil
 import subprocess
-import threading
 import time
 
-from screen import LABELS, LOOKS, ON_PENGUIN, OTHER, SOUND_SYMBOL, Grabber, Sight, count, save_png, scaled
+from screen import LABELS, LOOKS, ON_PENGUIN, OTHER, SOUND_SYMBOL, Sight, count, save_png, scaled
 
 # What is no bubble on the home monitor, by its box at 96 DPI and the corner
 # it keeps its distance to: the labels, the penguin with its hint, the buttons.
@@ -40,8 +39,8 @@ class PuffinoSession:
     scenarios start Puffino again and again."""
 
     def __init__(self):
-        self.process = self.watch = self.sight = None
-        self.remembered, self.undo = {}, []
+        self.process = self.sight = None
+        self.remembered, self.undo, self.watched, self.first_seen = {}, [], {}, {}
 
     def run_scenario(self, name, steps):
         """Plays the rows in order; a failure names its row."""
@@ -56,8 +55,7 @@ class PuffinoSession:
                     raise AssertionError(f"step {number}, {what}({shown}): {failure}") from None
         finally:  # end what runs, undo the damage, forget the profile
             self.release()
-            if self.watch:
-                self.watch.stop()
+            self.watched = {}
             if self.process and self.process.poll() is None:
                 self.close_window(self.windows()[0])
                 self.exit_code()
@@ -72,17 +70,30 @@ class PuffinoSession:
         deadline = time.monotonic() + timeout
         while not (value := condition()):
             check(time.monotonic() < deadline, f"timed out after {timeout} s waiting for {what}")
+            if self.watched:
+                self.grab()  # a person keeps looking meanwhile
             time.sleep(0.05)
         return value
 
     def grab(self):
-        return self.grabber.grab()[1]
+        """The X screen now, noting the moment of each watched look it shows:
+        what the screen showed stays on record even when a pop is heard late."""
+        moment, frame = self.grabber.grab()
+        for look, moments in self.watched.items():
+            if LOOKS[look](frame, self.sight):
+                moments.append(moment)
+                self.first_seen.setdefault(look, frame)
+        return frame
+
+    def watch(self, *looks):
+        self.watched, self.first_seen = {look: [] for look in looks}, {}
+        return self.watched.values()
 
     def frame_where(self, condition, what, timeout=30):
         return self.wait_for(lambda: (lambda f: [f] if condition(f) else None)(self.grab()), what, timeout)[0]
 
     def keep(self, frame, name):
-        save_png(frame, self.artifacts / f"{self.name}-{name}.png")
+        save_png(frame, self.artifacts / re.sub(r"[^\w.]+", "-", f"{self.name}-{name}.png"))
 
     def xdotool(self, *args):
         subprocess.run(["xdotool", *map(str, args)], check=True, timeout=30, env=self.x_env)
@@ -162,7 +173,7 @@ class PuffinoSession:
         """A frame that shows all those looks (screen.LOOKS), and none of the
         hidden ones."""
         frame = self.frame_where(lambda f: all(LOOKS[look](f, self.sight) for look in shows), shows, within)
-        self.keep(frame, "-".join(shows)[:60])
+        self.keep(frame, " ".join(shows)[:60])
         same([look for look in hides if LOOKS[look](frame, self.sight)], [], "looks that should not show")
 
     def expect_moving(self, box):
@@ -268,39 +279,34 @@ class PuffinoSession:
         self.frame_where(lambda f: not self.sight.differing(f, (x - 60, y - 60, x + 60, y + 60)).any(),
                          "the landscape back where the bubble burst", 15)
 
-    def watch_screen(self, *looks):
-        self.watch and self.watch.stop()
-        self.watch = Watch(self.x_display, self.width, self.height, self.sight, looks)
-
     def pop_until_record(self):
         """Pops until the best score on disk changes: no hop before that
         moment, a hop after it, then the laughing penguin."""
         best = self.profile() / "high_score.txt"
         old = best.read_bytes()
-        self.watch_screen("the penguin hopping", "the penguin laughing")
+        hops, laughs = self.watch("the penguin hopping", "the penguin laughing")
         for _ in range(4):
             unbeaten = time.monotonic()
             self.pop_bubble()
             if best.read_bytes() != old:
                 break
         check(best.read_bytes() != old, "four pops made no record")
-        check(not [m for m in self.watch.moments("the penguin hopping") if m < unbeaten], "a hop before the record")
-        self.wait_for(lambda: self.watch.moments("the penguin hopping"), "a hop after the record", 6)
-        self.keep(self.watch.frames["the penguin hopping"][550:1080, 1500:1920], "hop")
-        self.wait_for(lambda: self.watch.moments("the penguin laughing"), "the penguin laughing", 10)
+        check(not [m for m in hops if m < unbeaten], "a hop before the record")
+        self.wait_for(lambda: hops, "a hop after the record", 6)
+        self.keep(self.first_seen["the penguin hopping"][550:1080, 1500:1920], "hop")
+        self.wait_for(lambda: laughs, "the penguin laughing", 10)
 
     def pop_until_praise(self):
         """Pops until the instruction pill goes at ten points; the praise
         word shows in the same repaint or the next."""
-        self.watch_screen("the instruction", "a praise word")
-        gone = lambda: [m for m, values in list(self.watch.records) if not values["the instruction"]]  # noqa: E731
+        gone, praised = self.watch("the instruction gone", "a praise word")
         for _ in range(14):
-            if gone():
+            if gone:
                 break
             self.pop_bubble()
-        reached = self.wait_for(gone, "ten points", 2)[0]
-        self.wait_for(lambda: [m for m in self.watch.moments("a praise word") if m >= reached - 0.3], "praise", 5)
-        self.keep(self.watch.frames["a praise word"][250:650, 500:1420], "praise")
+        reached = self.wait_for(lambda: gone, "ten points", 2)[0]
+        self.wait_for(lambda: [m for m in praised if m >= reached - 0.3], "a praise word", 5)
+        self.keep(self.first_seen["a praise word"][250:650, 500:1420], "praise")
 
     def flip_sound_button(self):
         """The sound button's symbol changes at a press, and back at the next."""
@@ -381,33 +387,3 @@ class PuffinoSession:
             path.mkdir()
         else:
             self.undo.append(self.unwritable(path)) if how == "read-only" else self.undo.pop()()
-
-
-class Watch:
-    """Grabs the screen all the time on a connection of its own and keeps
-    (moment, {look: seen}) of each grab and the first frame of each look:
-    what the screen showed stays on record even when a pop is heard late."""
-
-    def __init__(self, display, width, height, sight, looks):
-        self.grabber, self.sight, self.looks = Grabber(display, width, height), sight, looks
-        self.records, self.frames, self.running = [], {}, True
-        self.thread = threading.Thread(target=self._watch, daemon=True)
-        self.thread.start()
-
-    def _watch(self):
-        while self.running:
-            moment, frame = self.grabber.grab()
-            values = {look: bool(LOOKS[look](frame, self.sight)) for look in self.looks}
-            for look in (look for look in values if values[look]):
-                self.frames.setdefault(look, frame)
-            self.records.append((moment, values))
-            time.sleep(0.05)
-
-    def moments(self, name):
-        return [moment for moment, values in list(self.records) if values[name]]
-
-    def stop(self):
-        if self.running:
-            self.running = False
-            self.thread.join()
-            self.grabber.close()

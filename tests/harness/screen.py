@@ -6,7 +6,7 @@ ought to show."""
 import ctypes
 import subprocess
 import time
-from dataclasses import dataclass
+from collections import namedtuple
 
 import numpy
 
@@ -78,7 +78,7 @@ LOOKS = {
     "the penguin standing": lambda f, s: penguin_pose(f) == "standing",
     "the penguin blowing": lambda f, s: penguin_pose(f) == "blowing",
     "the hint balloon": lambda f, s: count(f, (1250, 766, 1620, 874), (255, 255, 255)) > 10000,
-    "the instruction": lambda f, s: count(f, LABELS[4][1], LABELS[4][3]) > 0,
+    "the instruction gone": lambda f, s: count(f, LABELS[4][1], LABELS[4][3]) == 0,
     "the penguin laughing": lambda f, s: tuple(f[836, 1742]) == (232, 80, 91),
     # Its dark colours above its head: lifted off its feet (the first hops
     # fade in, blended with the landscape).
@@ -155,15 +155,8 @@ def save_png(frame, path):
                    input=frame.tobytes(), check=True, timeout=60)
 
 
-@dataclass
-class Blob:
+class Blob(namedtuple("Blob", "left top right bottom pixels")):
     """A patch that differs from the landscape: its pixel box and count."""
-    left: int
-    top: int
-    right: int
-    bottom: int
-    pixels: int
-
     width = property(lambda self: self.right - self.left)
     height = property(lambda self: self.bottom - self.top)
     centre = property(lambda self: ((self.left + self.right) / 2, (self.top + self.bottom) / 2))

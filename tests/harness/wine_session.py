@@ -187,15 +187,9 @@ class WineSession:
         """(exit code, stdout, stderr) of a Windows program, through files:
         Wine's helpers inherit the handles and outlive the program."""
         with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            process = subprocess.Popen(["wine", str(exe), *args], env={**self.env, **(env or {})}, stdout=out,
-                                       stderr=err)
-            try:
-                code = process.wait(timeout=timeout)
-            finally:
-                process.kill()
-            out.seek(0)
-            err.seek(0)
-            return code, out.read().decode("utf-8", "replace"), err.read().decode("utf-8", "replace")
+            code = subprocess.run(["wine", str(exe), *args], env={**self.env, **(env or {})}, stdout=out, stderr=err,
+                                  timeout=timeout).returncode
+            return code, *(f.seek(0) or f.read().decode("utf-8", "replace") for f in (out, err))
 
     def probe(self, *args):
         code, out, err = self.run(TOOLS / "probe.exe", *map(str, args), timeout=60)
