@@ -35,8 +35,7 @@ def same(got, wanted, what):
 
 
 class PuffinoSession:
-    """A world (an X screen of these monitors, a user profile) in which
-    scenarios start Puffino again and again."""
+    """A world (X screen, user profile) in which scenarios start Puffino again and again."""
 
     def __init__(self):
         self.process = self.sight = None
@@ -65,8 +64,7 @@ class PuffinoSession:
             shutil.rmtree(self.profile().parents[2], ignore_errors=True)
 
     def wait_for(self, condition, what, timeout=30.0):
-        """Polls condition() until it gives something true; the timeout only
-        bounds a failure."""
+        """Polls condition() until it is true; the timeout only bounds a failure."""
         deadline = time.monotonic() + timeout
         while not (value := condition()):
             check(time.monotonic() < deadline, f"timed out after {timeout} s waiting for {what}")
@@ -106,8 +104,7 @@ class PuffinoSession:
         return [s for s in self.sounds()[self.sounds_before:] if kind in (None, s["kind"])]
 
     def start(self, launch_monitor=None, program=None, learn=True, **platform):
-        """Starts Puffino, waits until every window shows a frame and learns
-        the landscapes to see bubbles against."""
+        """Starts Puffino; once every window shows a frame, learns the landscapes."""
         self.sounds_before, self.sight = len(self.sounds()), None
         self.process = self.start_program(launch_monitor, program, **platform)
         self.started = self.wait_for(lambda: self.painted(len(self.screens)), "every Puffino window painted")
@@ -140,8 +137,7 @@ class PuffinoSession:
         same(self.windows(), [], "windows")
 
     def expect_playing(self, within=0):
-        """Still running, every window of the start in place, shown and topmost
-        (within that many seconds)."""
+        """Still running, the start's windows in place, shown and topmost (within that long)."""
         self.wait_for(lambda: all(w["topmost"] for w in self.windows()), "every window topmost", within)
         check(self.process.poll() is None, f"play ended with {self.process.returncode}")
         now = self.windows()
@@ -170,8 +166,7 @@ class PuffinoSession:
             check(ink > least * scale * scale, f"{name}: {ink} pixels of its ink")
 
     def expect_screen(self, shows=(), hides=(), within=30):
-        """A frame that shows all those looks (screen.LOOKS), and none of the
-        hidden ones."""
+        """A frame that shows all those looks (screen.LOOKS) and none of the hidden ones."""
         frame = self.frame_where(lambda f: all(LOOKS[look](f, self.sight) for look in shows), shows, within)
         self.keep(frame, " ".join(shows)[:60])
         same([look for look in hides if LOOKS[look](frame, self.sight)], [], "looks that should not show")
@@ -280,8 +275,7 @@ class PuffinoSession:
                          "the landscape back where the bubble burst", 15)
 
     def pop_until_record(self):
-        """Pops until the best score on disk changes: no hop before that
-        moment, a hop after it, then the laughing penguin."""
+        """Pops until the best score on disk changes: a hop after it, none before, then a laugh."""
         best = self.profile() / "high_score.txt"
         old = best.read_bytes()
         hops, laughs = self.watch("the penguin hopping", "the penguin laughing")
@@ -297,8 +291,7 @@ class PuffinoSession:
         self.wait_for(lambda: laughs, "the penguin laughing", 10)
 
     def pop_until_praise(self):
-        """Pops until the instruction pill goes at ten points; the praise
-        word shows in the same repaint or the next."""
+        """Pops until the instruction goes at ten points, with a praise word (that repaint or the next)."""
         gone, praised = self.watch("the instruction gone", "a praise word")
         for _ in range(14):
             if gone:

@@ -64,8 +64,7 @@ def penguin_pose(frame, penguin=PENGUIN):
 
 
 def coloured(frame, sight, box, test):
-    """How many pixels of the box pass test(red, green, blue) where the
-    landscape does not show."""
+    """How many pixels of the box pass test(red, green, blue) and are no landscape."""
     part = frame[box[1]:box[3], box[0]:box[2]].astype(int)
     return int((test(part[..., 0], part[..., 1], part[..., 2]) & sight.differing(frame, box)).sum())
 
@@ -173,9 +172,8 @@ class Blob(namedtuple("Blob", "left top right bottom pixels")):
 
 
 class Sight:
-    """The scene read against the landscapes each monitor ought to show.
-    monitors are X rectangles; hidden ones are left out of every look (the
-    penguin and the labels, which are no bubbles)."""
+    """The scene read against the landscape each monitor (X rectangle) ought to
+    show; hidden rectangles (the penguin, the labels: no bubbles) are left out."""
 
     def __init__(self, size, monitors, hidden=()):
         width, height = size

@@ -264,8 +264,7 @@ class WinePuffino(WineSession, PuffinoSession):
             os.kill(self.process.pid, signal.SIGCONT)
 
     def paintings(self, width, height):
-        """Theme -> picture of every landscape at that size, as the gallery
-        program paints it (once per session)."""
+        """Theme -> picture of each landscape at that size, painted by the gallery once a session."""
         if not self.galleries:
             (self.root / "gallery").mkdir(exist_ok=True)
             code, _, err = self.run(TOOLS / "scenery_gallery.exe", windows_path(self.root / "gallery"))
@@ -414,8 +413,7 @@ class WinePuffino(WineSession, PuffinoSession):
         return {v[0]: v[2] if len(v) > 2 else "" for v in values} if code == 0 else None
 
     def uninstall(self):
-        """The uninstaller works from a copy of itself (the first process ends
-        at once); its last step removes the entry."""
+        """The uninstaller works from a copy of itself; its last step removes the entry."""
         same(self.run(self.uninstall_entry()["UninstallString"].strip('"'), "/S")[0], 0, "exit code")
         self.wait_for(lambda: not self.installed.exists() and not self.shortcut.exists()
                       and self.uninstall_entry() is None, "program, shortcut and entry gone", 60)
