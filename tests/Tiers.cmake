@@ -83,23 +83,13 @@ puffino_wine_test(pictures.without_fonts
   COMMAND ${WINE_TEST_PROGRAMS}/without_fonts/scene_pictures.exe ${REFERENCE_PICTURES} ${PICTURES_OUT}
           ${POSE_FOLDER} --gtest_filter=*without_fonts)
 
-# The real Puffino.exe: its windows, the launch value and the penguin's long
-# press; the scene, the penguin and every word as a person sees them.
-puffino_e2e_test(shell.two_monitors test_shell.TwoMonitors)
-puffino_e2e_test(shell.left_of_primary test_shell.LeftOfPrimary)
-puffino_e2e_test(scene.two_monitors test_scene.TwoMonitors)
-puffino_e2e_test(penguin.on_screen test_penguin.Penguin)
-puffino_e2e_test(labels.at_96_dpi test_labels.Labels.test_labels_then_ten_points_bring_praise_and_the_sound_button_flips)
-puffino_e2e_test(labels.at_144_dpi test_labels.Labels.test_at_144_dpi_every_label_is_written_half_again_as_large)
-# The child stays in, nothing leaks out.
-puffino_e2e_test(security.keyboard_guard test_security.KeyboardGuard)
-puffino_e2e_test(security.no_trace test_security.LeavesNoTrace)
-# Faults lived through: display and DPI changes mid-play, missing fonts and
-# missing or damaged pose pictures, no sound device; an unusable best-score
-# file or folder, and the end of play reached twice at once.
-puffino_e2e_test(faults.play_goes_on test_faults.PlayGoesOn)
-puffino_e2e_test(faults.best_score_and_app_data test_faults.BestScoreAndAppData)
-# The release: installer, zip and the shipped exe.
+# The real Puffino.exe, played as scenario tables (tests/e2e/scenarios.py),
+# one Wine session per monitor layout: its windows, keys through the keyboard
+# guard, files under %APPDATA%, the captured sound, exit codes, the faults it
+# lives through, the installer and the unpacked zip.
+puffino_e2e_test(two_monitors test_wine_scenarios.TwoMonitors)
+puffino_e2e_test(left_of_primary_at_144_dpi test_wine_scenarios.LeftOfPrimaryAt144Dpi)
+# The shipped files themselves: imports, build time, reproducible zip.
 puffino_e2e_test(release test_release)
 # Made into the build tree on every test run, so a change that stops the demo
 # from making them fails here; ./puffino screenshots makes the committed ones.

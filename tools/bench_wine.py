@@ -18,10 +18,9 @@ import time
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
-from scene_sight import Grabber  # noqa: E402
-from wine_session import PROBE_EXE, TWO_MONITORS, WINDOWS_BUILD, WM_CLOSE, WineSession  # noqa: E402
+from wine_session import TOOLS, TWO_MONITORS, WM_CLOSE, WineSession  # noqa: E402
 
-FRAME_COST = WINDOWS_BUILD / "tests" / "frame_cost_benchmark.exe"
+FRAME_COST = TOOLS / "frame_cost_benchmark.exe"
 BLACK = (0, 0, 0)  # the bare X screen, before any window shows
 # Inside each window, near its top-left corner: the landscape's sky.
 WINDOW_CORNERS = [(10, 5), (1930, 5)]
@@ -57,7 +56,7 @@ def start_once(session, grabber):
         if time.monotonic() - started > 30:
             raise SystemExit("Puffino did not paint within 30 s")
         time.sleep(0.001)
-    session.post(session.windows()[0]["hwnd"], WM_CLOSE)
+    session.post(session.windows()[0], WM_CLOSE)
     session.wait_exit(process)
     while any(grabber.pixel(x, y) != BLACK for x, y in WINDOW_CORNERS):
         time.sleep(0.01)
@@ -66,7 +65,7 @@ def start_once(session, grabber):
 
 def start_up(runs):
     with WineSession("bench-start-up", heads=TWO_MONITORS) as session:
-        grabber = Grabber(session.xvfb.display, session.width, session.height)
+        grabber = session.grabber
         start_once(session, grabber)  # Wine and the file cache warm up
         homes, everies, idles = [], [], []
         for _ in range(runs):
@@ -74,9 +73,8 @@ def start_up(runs):
             homes.append(home)
             everies.append(every)
             started = time.monotonic()
-            session.run(PROBE_EXE)  # prints its usage and ends
+            session.run(TOOLS / "probe.exe")  # prints its usage and ends
             idles.append(time.monotonic() - started)
-        grabber.close()
     print("Start-up under Wine, two monitors, Wine warm:")
     print(f"  first frame on the home window  {summary(homes)}")
     print(f"  first frame on every window     {summary(everies)}")

@@ -9,7 +9,7 @@ import time
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
-from wine_session import BUILD, SYMBOL_FACE, TWO_MONITORS, WM_CLOSE, WineSession  # noqa: E402
+from wine_session import BUILD, TWO_MONITORS, WM_CLOSE, WinePuffino  # noqa: E402
 
 # The middle of the penguin on the 1920x1080 home monitor: it stands above
 # the finish button in the bottom-right corner.
@@ -20,9 +20,9 @@ def play_demo(out):
     """Plays the demo; returns Puffino's exit code and the screenshots by
     name: "playing" after a few seconds of rising bubbles, "blowing" while
     the penguin is held down."""
-    with WineSession("demo", heads=TWO_MONITORS, artifacts=out,
-                     font_replacements=SYMBOL_FACE) as session:
-        process, windows = session.start_puffino(len(TWO_MONITORS))
+    with WinePuffino("demo", TWO_MONITORS, artifacts=out) as session:
+        session.start(learn=False)
+        process, windows = session.process, session.started
         shots = {}
         time.sleep(3)  # a demo, not a test: let the bubbles rise
         shots["playing"] = session.screenshot("puffino-playing")
@@ -30,7 +30,7 @@ def play_demo(out):
         time.sleep(1.5)
         shots["blowing"] = session.screenshot("puffino-blowing")
         session.xdotool("mouseup", 1)
-        session.post(windows[0]["hwnd"], WM_CLOSE)
+        session.post(windows[0], WM_CLOSE)
         return session.wait_exit(process), shots
 
 
@@ -38,7 +38,7 @@ def main():
     code, shots = play_demo(BUILD / "demo")
     print(f"Puffino ran on two monitors and ended with exit code {code}. Screenshots:")
     for shot in shots.values():
-        print(f"  {shot.png}")
+        print(f"  {shot}")
     return code
 
 

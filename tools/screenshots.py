@@ -17,7 +17,8 @@ from pathlib import Path
 from demo import play_demo
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
-from wine_session import BUILD, CONVERT, REPO  # noqa: E402
+from screen import CONVERT  # noqa: E402
+from wine_session import BUILD, REPO  # noqa: E402
 
 # (name, demo shot, crop in X screen coordinates or None, size on the page)
 PICTURES = [
@@ -41,7 +42,7 @@ def main():
     folder.mkdir(parents=True, exist_ok=True)
     for name, shot, crop, (width, height) in PICTURES:
         made = folder / (name + ".part")
-        command = [CONVERT, str(shots[shot].png)]
+        command = [CONVERT, str(shots[shot])]
         if crop:
             left, top, right, bottom = crop
             command += ["-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage"]

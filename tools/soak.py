@@ -23,9 +23,7 @@ from pathlib import Path
 import numpy
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
-from scene_sight import Grabber  # noqa: E402
-from wine_session import (BUILD, SYMBOL_FACE, TWO_MONITORS, WM_CLOSE, WS_EX_TOPMOST,  # noqa: E402
-                          WineSession)
+from wine_session import BUILD, TWO_MONITORS, WM_CLOSE, WS_EX_TOPMOST, WinePuffino  # noqa: E402
 
 DPI = 144
 # The home monitor's controls at 144 DPI (X coordinates; the home monitor
@@ -51,14 +49,11 @@ class Toddler:
 
     def __init__(self, session, seed):
         self.session, self.random = session, random.Random(seed)
-        self.grabber = Grabber(session.xvfb.display, session.width, session.height)
+        self.grabber = session.grabber
         self.keep_off = numpy.zeros((session.height, session.width), bool)
         for left, top, right, bottom in KEEP_OFF:
             self.keep_off[top:bottom, left:right] = True
         self.actions = {"clicks": 0, "holds": 0, "sound presses": 0, "keys": 0}
-
-    def close(self):
-        self.grabber.close()
 
     def act(self):
         roll = self.random.random()
@@ -129,32 +124,29 @@ def soak(minutes, seed, out):
     out.mkdir(parents=True, exist_ok=True)
     seconds = minutes * 60
     warm_up = min(60.0, seconds / 4)
-    with WineSession("soak", heads=TWO_MONITORS, dpi=DPI, artifacts=out, sound_capture=True,
-                     font_replacements=SYMBOL_FACE) as session:
-        process, windows = session.start_puffino(len(TWO_MONITORS))
+    with WinePuffino("soak", TWO_MONITORS, DPI, artifacts=out) as session:
+        session.start(learn=False)
+        process, windows = session.process, session.started
         pid = windows[0]["pid"]
         toddler = Toddler(session, seed)
         samples, problem = [], None
         start = time.monotonic()
         next_sample = start
-        try:
-            while problem is None and time.monotonic() - start < seconds:
-                if time.monotonic() >= next_sample:
-                    problem = check_windows(session, process)
-                    if problem is None:
-                        sample = session.probe("resources", pid)
-                        sample["seconds"] = time.monotonic() - start
-                        samples.append(sample)
-                        next_sample += SAMPLE_SECONDS
-                    continue
-                toddler.act()
-        finally:
-            toddler.close()
+        while problem is None and time.monotonic() - start < seconds:
+            if time.monotonic() >= next_sample:
+                problem = check_windows(session, process)
+                if problem is None:
+                    sample = session.probe("resources", pid)
+                    sample["seconds"] = time.monotonic() - start
+                    samples.append(sample)
+                    next_sample += SAMPLE_SECONDS
+                continue
+            toddler.act()
         problem = problem or growth_problem(samples, warm_up)
         session.screenshot("soak-end")
         if problem is None:
             session.xdotool("mouseup", 1)
-            session.post(session.windows()[0]["hwnd"], WM_CLOSE)
+            session.post(session.windows()[0], WM_CLOSE)
             code = session.wait_exit(process)
             if code != 0:
                 problem = f"play ended with exit code {code}"

@@ -1,18 +1,17 @@
-// The tests' eyes and hands inside a Wine session: lists Puffino's windows
-// as the system sees them, and posts messages.
-// Output is one JSON document on stdout.
-//   probe windows               every top-level "PuffinoWindow"
-//   probe post HWND MSG WP LP   PostMessageW (numbers in decimal)
-//   probe notopmost HWND        takes the window out of the topmost band,
-//                               then reports its extended styles
-//   probe resources PID         the process's memory and live GDI objects
-//   probe dpichanged HWND DPI LEFT TOP RIGHT BOTTOM
-//                               posts WM_DPICHANGED with that suggested
-//                               rectangle, written into the window's process
-//   probe post-on-capture HWND MSG WP LP
-//                               prints "waiting", then posts the message the
-//                               moment the window's thread takes the mouse
-//                               capture (a press it is handling)
+// The tests' eyes and hands inside a Wine session, printing JSON (numbers
+// in decimal):
+//   probe windows                 every top-level "PuffinoWindow"
+//   probe post HWND MSG WP LP     PostMessageW
+//   probe notopmost HWND          out of the topmost band; the styles then
+//   probe resources PID           the process's memory and live GDI objects
+//   probe dpichanged HWND DPI L T R B    WM_DPICHANGED, that rectangle suggested
+//   probe post-on-capture HWND MSG WP LP prints "waiting", then posts the
+//                                 message once the window's thread takes the
+//                                 mouse capture (handling a press)
+//   probe watch-keys              "ready", then every key event that reaches
+//                                 its low-level hook ("down 65", "up 65");
+//                                 started before Puffino, the hook sits behind
+//                                 the keyboard guard and sees what it passes
 #include <windows.h>
 #include <psapi.h>
 #include <winternl.h>
@@ -24,38 +23,15 @@
 
 namespace {
 
-std::string Utf8(const std::wstring& text) {
-    std::string out;
-    for (wchar_t c : text) {
-        if (c == L'"' || c == L'\\') out += '\\';
-        if (c < 0x80) {
-            out += static_cast<char>(c);
-        } else {
-            char buffer[8] = {};
-            const int n = WideCharToMultiByte(CP_UTF8, 0, &c, 1, buffer, sizeof buffer, nullptr, nullptr);
-            out.append(buffer, n);
-        }
-    }
-    return out;
-}
-
-std::string RectJson(const RECT& r) {
-    char buffer[96];
-    std::snprintf(buffer, sizeof buffer, "[%ld, %ld, %ld, %ld]", r.left, r.top, r.right, r.bottom);
-    return buffer;
-}
-
-struct Found {
-    std::vector<std::string> items;
-};
-
 BOOL CALLBACK ListWindow(HWND hwnd, LPARAM data) {
-    auto& found = *reinterpret_cast<Found*>(data);
+    auto& found = *reinterpret_cast<std::vector<std::string>*>(data);
     wchar_t className[128] = {};
     GetClassNameW(hwnd, className, 128);
     if (std::wcscmp(className, L"PuffinoWindow") != 0) return TRUE;
     wchar_t title[128] = {};
+    char utf8[512] = {};  // Puffino's title holds no quote or backslash
     GetWindowTextW(hwnd, title, 128);
+    WideCharToMultiByte(CP_UTF8, 0, title, -1, utf8, sizeof utf8, nullptr, nullptr);
     RECT rect{};
     GetWindowRect(hwnd, &rect);
     DWORD pid = 0;
@@ -63,26 +39,21 @@ BOOL CALLBACK ListWindow(HWND hwnd, LPARAM data) {
     char buffer[512];
     std::snprintf(buffer, sizeof buffer,
                   "{\"hwnd\": %llu, \"pid\": %lu, \"title\": \"%s\", \"style\": %lu, \"exstyle\": %lu, "
-                  "\"rect\": %s, \"visible\": %s, \"foreground\": %s}",
+                  "\"rect\": [%ld, %ld, %ld, %ld], \"visible\": %s, \"foreground\": %s}",
                   static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(hwnd)), pid,
-                  Utf8(title).c_str(), static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_STYLE)),
-                  static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)), RectJson(rect).c_str(),
-                  IsWindowVisible(hwnd) ? "true" : "false",
-                  GetForegroundWindow() == hwnd ? "true" : "false");
-    found.items.push_back(buffer);
+                  utf8, static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_STYLE)),
+                  static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)), rect.left, rect.top, rect.right,
+                  rect.bottom, IsWindowVisible(hwnd) ? "true" : "false", GetForegroundWindow() == hwnd ? "true" : "false");
+    found.push_back(buffer);
     return TRUE;
 }
 
-void PrintArray(const std::vector<std::string>& items) {
-    std::printf("[");
-    for (size_t i = 0; i < items.size(); ++i) std::printf("%s%s", i ? ",\n " : "", items[i].c_str());
-    std::printf("]\n");
-}
-
 int Windows() {
-    Found found;
+    std::vector<std::string> found;
     EnumWindows(ListWindow, reinterpret_cast<LPARAM>(&found));
-    PrintArray(found.items);
+    std::printf("[");
+    for (size_t i = 0; i < found.size(); ++i) std::printf("%s%s", i ? ",\n " : "", found[i].c_str());
+    std::printf("]\n");
     return 0;
 }
 
@@ -106,18 +77,16 @@ int Post(wchar_t** argv) {
 int NotTopmost(wchar_t** argv) {
     const HWND hwnd = HandleArg(argv[2]);
     const BOOL ok = SetWindowPos(hwnd, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    // The styles right afterwards, before the window's owner can put the
-    // flag back.
+    // The styles at once, before the window's owner can put the flag back.
     std::printf("{\"done\": %s, \"exstyle\": %lu}\n", ok ? "true" : "false",
                 static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)));
     return ok ? 0 : 3;
 }
 
-// Live GDI objects of another process. Windows answers GetGuiResources;
-// Wine answers 0 there, but keeps every process's GDI handle table in that
-// process, reachable from its PEB (offset 0xF8 on x64): 0x10000 entries of
-// 24 bytes, an entry in use has a non-zero type byte (offset 12). Stock
-// objects count too: a constant share.
+// Live GDI objects of another process. Wine answers 0 to GetGuiResources,
+// but keeps the process's GDI handle table in it, from its PEB (offset 0xF8
+// on x64): 0x10000 entries of 24 bytes, one in use has a non-zero type byte
+// (offset 12). Stock objects count too: a constant share.
 long GdiObjects(HANDLE process) {
     const DWORD reported = GetGuiResources(process, GR_GDIOBJECTS);
     if (reported != 0) return static_cast<long>(reported);
@@ -143,10 +112,8 @@ int Resources(wchar_t** argv) {
     memory.cb = sizeof memory;
     GetProcessMemoryInfo(process, reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
     // Wine reports no private bytes; the committed pages stand in for them.
-    std::printf("{\"gdi\": %ld, \"private_bytes\": %llu, \"committed\": %llu, \"working_set\": %llu}\n",
-                GdiObjects(process), static_cast<unsigned long long>(memory.PrivateUsage),
-                static_cast<unsigned long long>(memory.PagefileUsage),
-                static_cast<unsigned long long>(memory.WorkingSetSize));
+    std::printf("{\"gdi\": %ld, \"committed\": %llu}\n", GdiObjects(process),
+                static_cast<unsigned long long>(memory.PagefileUsage));
     CloseHandle(process);
     return 0;
 }
@@ -156,9 +123,8 @@ int DpiChanged(wchar_t** argv) {
     const UINT dpi = static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10));
     const RECT suggested{std::wcstol(argv[4], nullptr, 10), std::wcstol(argv[5], nullptr, 10),
                          std::wcstol(argv[6], nullptr, 10), std::wcstol(argv[7], nullptr, 10)};
-    // The message carries a pointer that the receiver reads in its own
-    // address space, so the rectangle goes there; its few bytes stay until
-    // that process ends.
+    // The receiver reads the rectangle in its own address space: it goes
+    // there, and its few bytes stay until that process ends.
     DWORD pid = 0;
     GetWindowThreadProcessId(hwnd, &pid);
     HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, pid);
@@ -189,6 +155,27 @@ int PostOnCapture(wchar_t** argv) {
     return ok ? 0 : 3;
 }
 
+HHOOK g_hook = nullptr;
+
+LRESULT CALLBACK WatchKey(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == HC_ACTION) {
+        const auto& event = *reinterpret_cast<const KBDLLHOOKSTRUCT*>(lParam);
+        std::printf("%s %lu\n", (event.flags & LLKHF_UP) ? "up" : "down", event.vkCode);
+        std::fflush(stdout);
+    }
+    return CallNextHookEx(g_hook, code, wParam, lParam);
+}
+
+int WatchKeys() {
+    g_hook = SetWindowsHookExW(WH_KEYBOARD_LL, WatchKey, GetModuleHandleW(nullptr), 0);
+    if (!g_hook) return 3;
+    std::printf("ready\n");
+    std::fflush(stdout);
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+    return 0;
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
@@ -201,8 +188,7 @@ int wmain(int argc, wchar_t** argv) {
     if (command == L"resources" && argc == 3) return Resources(argv);
     if (command == L"dpichanged" && argc == 8) return DpiChanged(argv);
     if (command == L"post-on-capture" && argc == 6) return PostOnCapture(argv);
-    std::fprintf(stderr, "usage: probe windows | post HWND MSG WPARAM LPARAM | notopmost HWND |\n"
-                         "       resources PID |\n"
-                         "       dpichanged HWND DPI LEFT TOP RIGHT BOTTOM | post-on-capture HWND MSG WPARAM LPARAM\n");
+    if (command == L"watch-keys") return WatchKeys();
+    std::fprintf(stderr, "usage: see probe_win.cpp\n");
     return 2;
 }

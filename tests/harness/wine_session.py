@@ -1,10 +1,9 @@
-"""A private Wine session for the Wine-tier and end-to-end tests and for the
-demo: a copy of the prepared prefix, an Xvfb server sized to the chosen
-monitors, the stand-in libXinerama.so.1 that reports them to Wine, and a
-persistent wineserver. Tests see Puffino only through this module: window
-lists from the probe program, screenshots with pixel probes, xdotool input,
-files in the prefix and exit codes."""
+"""A private Wine world (WineSession): a copy of the prepared prefix, an Xvfb
+server sized to the monitors, the stand-in libXinerama.so.1 that reports them
+to Wine, a persistent wineserver. Puffino.exe played in it by the scenario
+steps (WinePuffino), through probe.exe and sound captured to files."""
 
+import array
 import contextlib
 import json
 import os
@@ -12,44 +11,41 @@ import shutil
 import signal
 import subprocess
 import tempfile
-import time
+import zipfile
 from pathlib import Path
+
+from puffino_session import PuffinoSession, check, same
+from screen import Grabber, read_png, save_png
 
 REPO = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ.get("PUFFINO_BUILD_DIR", REPO / "build"))
 WINDOWS_BUILD = BUILD / "windows"
 PUFFINO_EXE = WINDOWS_BUILD / "Puffino.exe"
-PROBE_EXE = WINDOWS_BUILD / "tests" / "probe.exe"
+TOOLS = WINDOWS_BUILD / "tests"
 TEMPLATE = BUILD / "wine" / "template"
-SESSIONS = BUILD / "wine" / "sessions"
-ARTIFACTS = BUILD / "test-artifacts"
-FAKE_XINERAMA_DIR = BUILD / "harness" / "lib"
-IMPORT = "/usr/bin/import"    # the real ImageMagick tools, by full path
-CONVERT = "/usr/bin/convert"
-
-# 1920x1080 primary with a 1280x1024 monitor to its right.
-TWO_MONITORS = ("1920x1080+0+0", "1280x1024+1920+0")
+DIST = BUILD / "dist"
+VERSION = os.environ.get("PUFFINO_VERSION", "")
+TWO_MONITORS = ("1920x1080+0+0", "1280x1024+1920+0")  # X screen places, the primary first
 # Windows draws Puffino's button symbols with Segoe UI Symbol; a Wine prefix
 # has no such face, and DejaVu Sans carries the same symbols.
 SYMBOL_FACE = {"Segoe UI Symbol": "DejaVu Sans"}
-WM_CLOSE = 0x10
-WS_EX_TOPMOST = 0x8
+WM_CLOSE, WM_GUARDED_KEY = 0x10, 0x8001
+DISPLAY_CHANGE = (0x7E, 32, 1920 | 1080 << 16)  # WM_DISPLAYCHANGE, bits per pixel, size
+WS_EX_TOPMOST, WS_EX_TOOLWINDOW, WS_POPUP, WS_FRAME = 0x8, 0x80, 0x80000000, 0xC00000 | 0x40000
+KEY_NAMES = {0x5B: "super", 0x5D: "Menu", 0x1B: "Escape", 0x09: "Tab", 0x20: "space", 0x0D: "Return",
+             0x2C: "Print", **{0x6F + n: f"F{n}" for n in range(1, 13)},
+             **{ord(c.upper()): c for c in "abcdefghijklmnopqrstuvwxyz0123456789"}}
 
 
 def wine_environment(prefix, display=None, heads=()):
-    """The environment of every Wine call: private prefix, 64-bit, quiet, no
-    Mono or Gecko install dialogs (they would block forever), and no menu
-    builder: shortcuts made in the prefix must not become menu entries of
-    this machine's desktop."""
+    """Private prefix, 64-bit, quiet, no Mono or Gecko dialogs (they block
+    forever), no menu builder (shortcuts must not reach this desktop)."""
     env = {k: v for k, v in os.environ.items() if not k.startswith(("WINE", "TONKARI_"))}
     env.update(WINEPREFIX=str(prefix), WINEARCH="win64", WINEDEBUG="-all",
-               WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d")
-    if display:
-        env["DISPLAY"] = display
+               WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d", **({"DISPLAY": display} if display else {}))
     if heads:
         env["PUFFINO_FAKE_HEADS"] = ",".join(heads)
-        env["LD_LIBRARY_PATH"] = ":".join(
-            p for p in (str(FAKE_XINERAMA_DIR), os.environ.get("LD_LIBRARY_PATH")) if p)
+        env["LD_LIBRARY_PATH"] = ":".join(filter(None, (str(BUILD / "harness" / "lib"), env.get("LD_LIBRARY_PATH"))))
     return env
 
 
@@ -58,329 +54,158 @@ def windows_path(path):
     return "Z:" + str(Path(path).resolve()).replace("/", "\\")
 
 
-def parse_head(text):
-    size, x, y = text.split("+")
-    width, height = size.split("x")
-    return int(width), int(height), int(x), int(y)
+def start_xvfb(width, height):
+    """An X server of its own, on a display number it picks: (process, display)."""
+    read_end, write_end = os.pipe()
+    process = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24",
+                                "-nolisten", "tcp", "-extension", "RANDR", "-noreset"], pass_fds=[write_end],
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    os.close(write_end)
+    with os.fdopen(read_end) as pipe:
+        return process, ":" + pipe.readline().strip()
 
 
-class Xvfb:
-    """An X server of its own, on a display number it picks itself."""
-
-    def __init__(self, width, height):
-        read_end, write_end = os.pipe()
-        self.process = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24",
-             "-nolisten", "tcp", "-extension", "RANDR", "-noreset"],
-            pass_fds=[write_end], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        os.close(write_end)
-        with os.fdopen(read_end) as pipe:
-            number = pipe.readline().strip()
-        if not number:
-            self.process.kill()
-            raise RuntimeError("Xvfb did not start")
-        self.display = ":" + number
-
-    def stop(self):
-        self.process.terminate()
-        try:
-            self.process.wait(timeout=10)
-        except subprocess.TimeoutExpired:
-            self.process.kill()
+def stop(process):
+    process.terminate()
+    with contextlib.suppress(subprocess.TimeoutExpired):
+        process.wait(timeout=10)
+    process.kill()
 
 
 def prepare_template():
-    """Boots a fresh prefix once per test run; sessions copy it (a cold boot
-    takes seconds, a copy a fraction of that)."""
-    if TEMPLATE.exists():
-        shutil.rmtree(TEMPLATE)
+    """Boots the prefix that every session of a test run copies."""
+    shutil.rmtree(TEMPLATE, ignore_errors=True)
     TEMPLATE.parent.mkdir(parents=True, exist_ok=True)
-    xvfb = Xvfb(1024, 768)
+    xvfb, display = start_xvfb(1024, 768)
     try:
-        env = wine_environment(TEMPLATE, xvfb.display)
-        subprocess.run(["wineboot", "-i"], env=env, check=True,
-                       stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=300)
-        # Wine reads the monitor layout from Xinerama (our stand-in) only
-        # while XRandR is off.
-        # Without a window manager, Wine waits two seconds for one on every
-        # hide of a managed window; unmanaged windows are placed exactly as
-        # Windows would place them and go without the wait.
+        env, quiet = wine_environment(TEMPLATE, display), {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        subprocess.run(["wineboot", "-i"], env=env, check=True, timeout=300, **quiet)
+        # Wine asks Xinerama (our stand-in) only while XRandR is off; an
+        # unmanaged window sits where Windows would put it, and its hiding
+        # waits for no window manager (two seconds each).
         for name in ("UseXRandR", "Managed"):
-            subprocess.run(["wine", "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", name,
-                            "/d", "N", "/f"], env=env, check=True,
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=120)
-        # The registry reaches the disk when the wineserver ends.
-        subprocess.run(["wineserver", "-w"], env=env, timeout=120)
+            subprocess.run(["wine", "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", name, "/d", "N", "/f"],
+                           env=env, check=True, timeout=120, **quiet)
+        subprocess.run(["wineserver", "-w"], env=env, timeout=120)  # the registry reaches the disk
     finally:
-        xvfb.stop()
+        stop(xvfb)
 
 
-class Screenshot:
-    """The whole X screen as RGB bytes, saved as a PNG beside the test's
-    other artifacts."""
-
-    def __init__(self, png, width, height, rgb):
-        self.png, self.width, self.height, self.rgb = png, width, height, rgb
-
-    def pixel(self, x, y):
-        i = 3 * (y * self.width + x)
-        return tuple(self.rgb[i:i + 3])
+def reg_string(text):
+    """The registry files spell every non-ASCII character \\xNNNN."""
+    return "".join(c if 32 <= ord(c) < 127 and c not in '"\\' else f"\\x{ord(c):04x}" for c in text)
 
 
 class WineSession:
-    """One Wine world: prefix copy, Xvfb, monitors, wineserver. Use as a
-    context manager; everything is removed again on exit (the artifacts
-    folder keeps the screenshots)."""
+    """A Wine world as a context manager; all gone on exit but the artifacts."""
 
     def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None, sound_capture=False,
                  font_replacements=None, fonts=()):
-        self.label = label
-        self.heads = tuple(heads)
-        self.dpi = dpi
-        self.sound_capture = sound_capture
-        self.font_replacements = dict(font_replacements or {})
-        self.fonts = tuple(fonts)
-        self.artifacts = Path(artifacts) if artifacts else ARTIFACTS / label
-        self.processes = []
-        self.shots = 0
-
-    # -- life cycle ---------------------------------------------------------
+        self.label, self.heads, self.dpi, self.sound_capture = label, tuple(heads), dpi, sound_capture
+        self.font_replacements, self.fonts = dict(font_replacements or {}), fonts
+        self.artifacts = Path(artifacts) if artifacts else BUILD / "test-artifacts" / label
+        self.processes, self.env, self.xvfb, self.root, self.grabber = [], None, None, None, None
 
     def __enter__(self):
         try:
-            self.start()
+            self.open_world()
         except BaseException:
-            self.stop()
+            self.__exit__()
             raise
         return self
 
-    def __exit__(self, *exc):
-        self.stop()
-
-    def start(self):
+    def open_world(self):
         if not (TEMPLATE / "system.reg").exists():
             prepare_template()
-        SESSIONS.mkdir(parents=True, exist_ok=True)
+        (BUILD / "wine" / "sessions").mkdir(parents=True, exist_ok=True)
         self.artifacts.mkdir(parents=True, exist_ok=True)
-        self.root = Path(tempfile.mkdtemp(prefix=self.label + "-", dir=SESSIONS))
+        self.root = Path(tempfile.mkdtemp(prefix=self.label + "-", dir=BUILD / "wine" / "sessions"))
         self.prefix = self.root / "prefix"
         subprocess.run(["cp", "-a", "--reflink=auto", str(TEMPLATE), str(self.prefix)], check=True)
-        if self.dpi:
-            self.set_dpi(self.dpi)
+        keys = {}
+        if self.dpi:  # GetDpiForWindow then gives it on every monitor
+            keys["Control Panel\\\\Desktop"] = [f'"LogPixels"=dword:{self.dpi:08x}']
+        if self.font_replacements:  # each family name stands for an installed font
+            keys["Software\\\\Wine\\\\Fonts\\\\Replacements"] = [
+                f'"{reg_string(name)}"="{reg_string(font)}"' for name, font in self.font_replacements.items()]
         if self.sound_capture:
-            self.capture_sound()
-        for font in self.fonts:
-            # Wine loads every font file in the Windows font folder.
+            keys["Software\\\\Wine\\\\Drivers"] = ['"Audio"="alsa"']
+        with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
+            reg.write("".join(f"\n[{key}] 1700000000\n" + "\n".join(values) + "\n" for key, values in keys.items()))
+        for font in self.fonts:  # Wine loads every font file in the Windows font folder
             shutil.copy(font, self.prefix / "drive_c" / "windows" / "Fonts")
-        if self.font_replacements:
-            self.replace_fonts(self.font_replacements)
-        heads = [parse_head(h) for h in self.heads]
-        self.width = max(x + w for w, h, x, y in heads)
-        self.height = max(y + h for w, h, x, y in heads)
-        self.xvfb = Xvfb(self.width, self.height)
-        self.env = wine_environment(self.prefix, self.xvfb.display, self.heads)
+        self.screens = [(int(x), int(y), int(x) + int(w), int(y) + int(h))
+                        for w, h, x, y in (head.replace("x", "+").split("+") for head in self.heads)]
+        self.width, self.height = max(r[2] for r in self.screens), max(r[3] for r in self.screens)
+        self.xvfb, self.x_display = start_xvfb(self.width, self.height)
+        self.x_env = {**os.environ, "DISPLAY": self.x_display}
+        self.env = wine_environment(self.prefix, self.x_display, self.heads)
         if self.sound_capture:
+            # A file plugin over ALSA's null device: each stream Wine opens
+            # lands at once (unpaced) in a file of its own, named by its rate.
+            self.sound_dir = self.root / "sound"
+            self.sound_dir.mkdir()
+            (self.sound_dir / "asound.conf").write_text(
+                'pcm.!default {\n  type file\n  slave.pcm "null"\n'
+                f'  file "{self.sound_dir}/stream_%r_%c_%f.raw"\n  format "raw"\n  truncate false\n}}\n')
             self.env["ALSA_CONFIG_PATH"] = f"/usr/share/alsa/alsa.conf:{self.sound_dir / 'asound.conf'}"
-        # A persistent wineserver makes every later program start quickly.
-        subprocess.run(["wineserver", "-p"], env=self.env, check=True)
+        self.grabber = Grabber(self.x_display, self.width, self.height)
+        subprocess.run(["wineserver", "-p"], env=self.env, check=True)  # later starts are quick
 
-    def stop(self):
+    def __exit__(self, *exc):
+        if self.grabber:
+            self.grabber.close()
         for process in self.processes:
-            if process.poll() is None:
-                process.kill()
-        if getattr(self, "env", None):
-            subprocess.run(["wineserver", "-k"], env=self.env,
-                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            process.kill()
+        if self.env:
+            subprocess.run(["wineserver", "-k"], env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             subprocess.run(["wineserver", "-w"], env=self.env, timeout=60)
         for process in self.processes:
-            try:
+            with contextlib.suppress(subprocess.TimeoutExpired):
                 process.wait(timeout=10)
-            except subprocess.TimeoutExpired:
-                pass
-        if getattr(self, "xvfb", None):
-            self.xvfb.stop()
-        if getattr(self, "root", None):
+        if self.xvfb:
+            stop(self.xvfb)
+        if self.root:
             shutil.rmtree(self.root, ignore_errors=True)
 
-    def set_dpi(self, dpi):
-        """LogPixels in the user's registry: GetDpiForWindow then reports it
-        on every monitor (Wine has one DPI for all of them)."""
-        with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
-            reg.write('\n[Control Panel\\\\Desktop] 1700000000\n'
-                      f'"LogPixels"=dword:{dpi:08x}\n')
-
-    def capture_sound(self):
-        """Everything the session's programs play lands in raw files instead
-        of a sound card: Wine's ALSA driver writes to ALSA's default device,
-        here a file plugin over the null device. Every stream the player
-        opens makes a file of its own, named by rate, channels and sample
-        format (the null device is not paced, so a file holds the samples
-        as soon as they are played)."""
-        self.sound_dir = self.root / "sound"
-        self.sound_dir.mkdir()
-        (self.sound_dir / "asound.conf").write_text(
-            "pcm.!default {\n"
-            "  type file\n"
-            "  slave.pcm \"null\"\n"
-            f"  file \"{self.sound_dir}/stream_%r_%c_%f.raw\"\n"
-            "  format \"raw\"\n"
-            "  truncate false\n"  # a new stream goes to a new numbered file
-            "}\n", encoding="ascii")
-        with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
-            reg.write('\n[Software\\\\Wine\\\\Drivers] 1700000000\n"Audio"="alsa"\n')
-
-    def sound_streams(self):
-        """The captured streams in the order they were opened, each as a
-        dict of rate, channels, format (ALSA's name, e.g. S16_LE) and path."""
-        streams = []
-        for path in sorted(self.sound_dir.glob("stream_*"), key=lambda p: p.stat().st_mtime_ns):
-            _, rate, channels, fmt = path.name.split(".")[0].split("_", 3)
-            streams.append({"rate": int(rate), "channels": int(channels), "format": fmt, "path": path})
-        return streams
-
-    @staticmethod
-    def sound_stat(stream):
-        """sox's measurements of a captured 16-bit stream: samples, maximum
-        and minimum amplitude (full scale 1.0), rough frequency in Hz."""
-        result = subprocess.run(
-            ["sox", "-t", "raw", "-r", str(stream["rate"]), "-c", str(stream["channels"]),
-             "-e", "signed-integer", "-b", "16", "-L", str(stream["path"]), "-n", "stat"],
-            check=True, capture_output=True, text=True, timeout=60)
-        stat = {}
-        for line in result.stderr.splitlines():
-            name, _, value = line.partition(":")
-            try:
-                stat[name.strip()] = float(value)
-            except ValueError:
-                pass
-        return {"samples": int(stat["Samples read"]), "max": stat["Maximum amplitude"],
-                "min": stat["Minimum amplitude"], "frequency": stat["Rough   frequency"]}
-
-    def replace_fonts(self, replacements):
-        """Wine's font replacements: each family name (which need not be
-        installed) stands for an installed font, e.g. {"Segoe UI Symbol":
-        "DejaVu Sans"}. Programs started afterwards see the names as
-        installed families."""
-        def reg_string(text):
-            # The registry files spell every non-ASCII character \xNNNN.
-            return "".join(c if 32 <= ord(c) < 127 and c not in '"\\' else f"\\x{ord(c):04x}"
-                           for c in text)
-        with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
-            reg.write("\n[Software\\\\Wine\\\\Fonts\\\\Replacements] 1700000000\n")
-            for name, target in replacements.items():
-                reg.write(f'"{reg_string(name)}"="{reg_string(target)}"\n')
-
     def user_folder(self):
-        """The Windows user's profile folder in the prefix (Wine names the
-        user after the Unix one); AppData/Roaming and AppData/Local are in
-        it."""
-        users = [p for p in (self.prefix / "drive_c" / "users").iterdir() if p.name != "Public"]
-        if len(users) != 1:
-            raise RuntimeError(f"expected one user folder in the prefix: {users}")
-        return users[0]
+        """The Windows user's folder (Wine names it after the Unix user)."""
+        return next(p for p in (self.prefix / "drive_c" / "users").iterdir() if p.name != "Public")
 
     def app_data(self):
-        """Puffino's folder in the Windows user's roaming AppData (made on
-        the first start; a test may fill it before)."""
+        """Puffino's folder in the roaming AppData (made on the first start)."""
         return self.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
 
-    # -- programs ------------------------------------------------------------
-
-    def program_env(self, env=None):
-        merged = dict(self.env)
-        merged.update(env or {})
-        return merged
-
-    def launch(self, exe=PUFFINO_EXE, *args, env=None):
+    def launch(self, exe=PUFFINO_EXE, *args, env=None, out=subprocess.DEVNULL):
         """Starts a Windows program and returns at once."""
-        process = subprocess.Popen(["wine", str(exe), *args], env=self.program_env(env),
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        process = subprocess.Popen(["wine", str(exe), *args], env={**self.env, **(env or {})}, stdout=out,
+                                   stderr=subprocess.DEVNULL)
         self.processes.append(process)
         return process
 
     def run(self, exe, *args, env=None, timeout=120):
-        """Runs a Windows program to its end; returns (exit code, stdout,
-        stderr). Output goes through files, not pipes: Wine's helper
-        processes inherit the handles and outlive the program."""
+        """(exit code, stdout, stderr) of a Windows program, through files:
+        Wine's helpers inherit the handles and outlive the program."""
         with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
-            process = subprocess.Popen(["wine", str(exe), *args], env=self.program_env(env),
-                                       stdout=out, stderr=err)
-            try:
-                code = process.wait(timeout=timeout)
-            except subprocess.TimeoutExpired:
-                process.kill()
-                raise
-            out.seek(0)
-            err.seek(0)
-            return code, out.read().decode("utf-8", "replace"), err.read().decode("utf-8", "replace")
+            code = subprocess.run(["wine", str(exe), *args], env={**self.env, **(env or {})}, stdout=out, stderr=err,
+                                  timeout=timeout).returncode
+            return code, *(f.seek(0) or f.read().decode("utf-8", "replace") for f in (out, err))
 
     def probe(self, *args):
-        code, out, err = self.run(PROBE_EXE, *[str(a) for a in args], timeout=60)
-        if code != 0:
-            raise RuntimeError(f"probe {args} failed ({code}): {err}")
+        code, out, err = self.run(TOOLS / "probe.exe", *map(str, args), timeout=60)
+        check(code == 0, f"probe {args} failed ({code}): {err}")
         return json.loads(out)
 
     def windows(self):
-        return self.probe("windows")
+        """Puffino's windows as the system lists them."""
+        found = self.probe("windows")
+        for w in found:
+            w.update(id=w["hwnd"], topmost=bool(w["exstyle"] & WS_EX_TOPMOST), plain=bool(
+                w["exstyle"] & WS_EX_TOOLWINDOW and w["style"] & WS_POPUP and not w["style"] & WS_FRAME))
+        return found
 
-    def post(self, hwnd, message, wparam=0, lparam=0):
-        return self.probe("post", hwnd, message, wparam, lparam)
-
-    def wait_for(self, condition, what, timeout=30.0):
-        """Polls condition() until it returns something true; the deadline
-        only bounds a failure."""
-        deadline = time.monotonic() + timeout
-        while True:
-            value = condition()
-            if value:
-                return value
-            if time.monotonic() > deadline:
-                raise AssertionError(f"timed out waiting for {what}")
-            time.sleep(0.1)
-
-    def wait_for_windows(self, count, timeout=30.0):
-        def shown():
-            found = self.windows()
-            return found if len(found) == count and all(w["visible"] for w in found) else None
-        return self.wait_for(shown, f"{count} visible Puffino windows", timeout)
-
-    def start_puffino(self, windows, env=None, exe=PUFFINO_EXE):
-        """Starts Puffino.exe (the build's, or exe) and waits until its
-        start-up is over: that many windows shown and each of them painted.
-        The windows are visible from their creation on, but Puffino paints
-        only once its message loop runs, after it has brought the home
-        window to the foreground and installed the keyboard guard. Returns
-        the process and the windows as the system lists them then."""
-        process = self.launch(exe, env=env)
-        try:
-            shown = self.wait_for_windows(windows)
-            self.wait_for(lambda: self.painted(shown), "every Puffino window painted")
-            return process, self.windows()
-        except AssertionError:
-            process.kill()
-            raise
-
-    def painted(self, windows):
-        """Whether every window shows something other than black near its
-        top-left corner. Window rectangles are in virtual-screen
-        coordinates; the X screen starts at the virtual screen's corner."""
-        shot = self.screenshot("start-up")
-        left = min(w["rect"][0] for w in windows)
-        top = min(w["rect"][1] for w in windows)
-        return all(shot.pixel(w["rect"][0] - left + 10, w["rect"][1] - top + 5) != (0, 0, 0)
-                   for w in windows)
-
-    @contextlib.contextmanager
-    def frozen(self, process):
-        """Holds a program still (SIGSTOP): no frame tick moves anything and
-        the screen keeps its last painted frame. Input sent meanwhile waits
-        in the X server; once the program goes on it handles that input
-        before its next timer tick (timer messages come after input)."""
-        os.kill(process.pid, signal.SIGSTOP)
-        try:
-            yield
-        finally:
-            os.kill(process.pid, signal.SIGCONT)
+    def post(self, window, message, wparam=0, lparam=0):
+        return self.probe("post", window["hwnd"], message, wparam, lparam)
 
     def wait_exit(self, process, timeout=30):
         try:
@@ -389,17 +214,212 @@ class WineSession:
             process.kill()
             raise AssertionError("Puffino did not end") from None
 
-    # -- what a person sees and does ------------------------------------------
+    def screenshot(self, name):
+        """The X screen now, kept as name.png in the artifacts: its path."""
+        save_png(self.grabber.grab()[1], self.artifacts / f"{name}.png")
+        return self.artifacts / f"{name}.png"
 
-    def screenshot(self, name=None):
-        self.shots += 1
-        png = self.artifacts / f"{name or 'shot-%02d' % self.shots}.png"
-        subprocess.run([IMPORT, "-display", self.xvfb.display, "-window", "root", str(png)],
-                       check=True, timeout=60)
-        rgb = subprocess.run([CONVERT, str(png), "-depth", "8", "rgb:-"], check=True,
-                             stdout=subprocess.PIPE, timeout=60).stdout
-        return Screenshot(png, self.width, self.height, rgb)
 
-    def xdotool(self, *args):
-        subprocess.run(["xdotool", *[str(a) for a in args]], check=True, timeout=30,
-                       env={**os.environ, "DISPLAY": self.xvfb.display})
+class WinePuffino(WineSession, PuffinoSession):
+    """Puffino.exe in a Wine world with its sound captured."""
+
+    def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None):
+        WineSession.__init__(self, label, heads, dpi, artifacts, sound_capture=True, font_replacements=SYMBOL_FACE)
+        PuffinoSession.__init__(self)
+        self.scale, self.galleries, self.programs = (dpi or 96) / 96, {}, {}
+
+    def start_program(self, launch_monitor=None, program=None, sound_device=True):
+        """sound_device False: every audio driver off (the device enumerator
+        cannot even be made); "none": a driver that finds no playback device."""
+        env = self.launch_env(launch_monitor)
+        if sound_device is False:
+            env["WINEDLLOVERRIDES"] = self.env["WINEDLLOVERRIDES"] + ";winealsa.drv,winepulse.drv,wineoss.drv=d"
+        elif sound_device == "none":
+            env["ALSA_CONFIG_PATH"] = "/usr/share/alsa/alsa.conf"
+        return self.launch(self.programs.get(program, PUFFINO_EXE), env=env)
+
+    def run_to_end(self, launch_monitor=None):
+        return self.run(PUFFINO_EXE, env=self.launch_env(launch_monitor), timeout=30)[0]
+
+    @staticmethod
+    def launch_env(monitor):
+        return {"TONKARI_LAUNCH_MONITOR": ",".join(map(str, monitor))} if monitor else {}
+
+    def close_window(self, window):
+        self.post(window, WM_CLOSE)
+
+    def exit_code(self):
+        return self.wait_exit(self.process)
+
+    profile = WineSession.app_data
+
+    @contextlib.contextmanager
+    def held_still(self):
+        """Puffino stopped (SIGSTOP): no tick moves anything, and input sent
+        meanwhile is handled before the next tick."""
+        os.kill(self.process.pid, signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            os.kill(self.process.pid, signal.SIGCONT)
+
+    def paintings(self, width, height):
+        """Theme -> picture of each landscape at that size, painted by the gallery once a session."""
+        if not self.galleries:
+            (self.root / "gallery").mkdir(exist_ok=True)
+            code, _, err = self.run(TOOLS / "scenery_gallery.exe", windows_path(self.root / "gallery"))
+            check(code == 0, f"the scenery gallery failed: {err}")
+            for path in (self.root / "gallery").glob("*.png"):  # theme-WxH.png
+                theme, size = path.stem.rsplit("-", 1)
+                self.galleries.setdefault(size, {})[theme] = read_png(path, *map(int, size.split("x")))
+        return self.galleries[f"{width}x{height}"]
+
+    def sounds(self):
+        """The sounds played in order: the chirp (22050 Hz), or a pop (the
+        cheer of a praise cuts its pop off: either tells of it)."""
+        paths = sorted(self.sound_dir.glob("stream_*"), key=lambda p: p.stat().st_mtime_ns)
+        return [{"kind": "chirp" if p.name.split("_")[1] == "22050" else "pop", "path": p} for p in paths]
+
+    def samples(self, sound):
+        return array.array("h", sound["path"].read_bytes())  # 16-bit mono, as named
+
+    def watch_keys(self):
+        """The key watcher, started before Puffino: its hook sits behind the guard."""
+        self.key_log = self.root / "keys.log"
+        with open(self.key_log, "wb") as out:
+            self.undo.append(self.launch(TOOLS / "probe.exe", "watch-keys", out=out).kill)
+        self.wait_for(lambda: self.key_log.read_text().startswith("ready"), "the key watcher's hook")
+
+    def keys_seen(self):
+        words = self.key_log.read_text().split()[1:]
+        return [(event, KEY_NAMES.get(int(code), code)) for event, code in zip(words[::2], words[1::2])]
+
+    def take_out_of_topmost(self):
+        """The home window out of the topmost band; the 1.5 s topmost tick may
+        put it back before the probe looks: one of a few tries shows it."""
+        home = self.home()
+        check(any(not self.probe("notopmost", home["hwnd"])["exstyle"] & WS_EX_TOPMOST for _ in range(5)),
+              "the window stayed in the topmost band")
+
+    def change_display(self, while_pressing=False):
+        """The display changes, at once or the moment Puffino handles a press
+        on the penguin (long before it would blow); the windows are made anew."""
+        old, home = self.windows(), self.home()
+        if not while_pressing:
+            self.post(home, *DISPLAY_CHANGE)
+        else:
+            log = self.root / "waiter.log"
+            with open(log, "wb") as out:
+                waiter = self.launch(TOOLS / "probe.exe", "post-on-capture", str(home["hwnd"]),
+                                     *map(str, DISPLAY_CHANGE), out=out)
+            self.wait_for(lambda: log.read_text().startswith("waiting"), "the probe waiting for a press")
+            self.hold_penguin(until=lambda: waiter.poll() is not None)
+            same(waiter.returncode, 0, "the probe's exit code")
+        ids = {w["id"] for w in old}
+        self.started = self.wait_for(lambda: (lambda f: f if f and not {w["id"] for w in f} & ids else None)(
+            self.painted(len(old))), "the windows made anew")
+        if self.sight:
+            self.sight.learn(self.grab(), self.paintings)  # new windows draw new landscapes
+
+    def change_dpi(self, dpi, rect):
+        """The home window's DPI changes and Windows suggests that rectangle."""
+        home = self.home()
+        self.probe("dpichanged", home["hwnd"], dpi, *rect)
+        self.wait_for(lambda: [w["rect"] for w in self.windows() if w["id"] == home["id"]] == [list(rect)],
+                      "the home window at its new size")
+
+    def copy_program(self, name, parts=("Fonts", "assets"), damaged_poses=False, from_zip=False):
+        """Puffino.exe with those parts beside it, or the release zip unpacked;
+        damaged_poses: undecodable, empty and folder pose pictures."""
+        folder = self.prefix / "drive_c" / "Toys" / name
+        if from_zip:
+            with zipfile.ZipFile(DIST / f"Puffino-{VERSION}-win64.zip") as archive:
+                archive.extractall(folder)
+            folder = folder / "Puffino"
+        else:
+            folder.mkdir(parents=True)
+            shutil.copy(PUFFINO_EXE, folder)
+            for part in parts:
+                shutil.copytree(WINDOWS_BUILD / part, folder / part)
+        if damaged_poses:
+            art = folder / "assets" / "penguin"
+            (art / "idle.png").write_bytes(b"\x89PNG\r\n\x1a\n" + b"cut short")
+            (art / "yatta.png").write_bytes(b"")
+            (art / "bubble.png").unlink()
+            (art / "bubble.png").mkdir()
+        self.programs[name] = folder / "Puffino.exe"
+
+    def delete_fonts(self, program):
+        shutil.rmtree(self.programs[program].parent / "Fonts")
+
+    def finish_and_alt_f4_at_once(self):
+        """The finish button and Alt+F4 (as the guard hands it on) at once."""
+        home = self.home()
+        with self.held_still():
+            self.click("finish")
+            self.post(home, WM_GUARDED_KEY, 0x73)
+            self.post(home, WM_GUARDED_KEY, 0x73)
+
+    def unwritable(self, path):
+        """Read-only as Windows knows it (Wine's reading of no write permission;
+        root needs the entry immutable too); returns what undoes it."""
+        mode, immutable = path.stat().st_mode & 0o7777, os.geteuid() == 0
+        path.chmod(mode & ~0o222)
+        subprocess.run(["chattr", "+i", str(path)], check=immutable)
+        return lambda: (subprocess.run(["chattr", "-i", str(path)], check=immutable), path.chmod(mode))
+
+    def remember_disk(self):
+        self.disk = files_under(self.prefix)
+
+    def expect_nothing_written_outside_the_profile(self):
+        """Only the profile's files changed (Wine rewrites its registry itself)."""
+        after = files_under(self.prefix)
+        changed = {p for p in self.disk.keys() | after.keys() if self.disk.get(p) != after.get(p)
+                   and p.name not in ("system.reg", "user.reg", "userdef.reg", ".update-timestamp")}
+        same(sorted(str(p) for p in changed if self.profile() not in p.parents), [], "files written outside")
+
+    def expect_no_network(self):
+        """No internet socket open (the Unix sockets to the wineserver are none)."""
+        inodes = {os.readlink(fd)[8:-1] for fd in Path(f"/proc/{self.process.pid}/fd").iterdir()
+                  if os.readlink(fd).startswith("socket:[")}
+        internet = {line.split()[9] for table in ("tcp", "tcp6", "udp", "udp6") if Path(f"/proc/net/{table}").exists()
+                    for line in Path(f"/proc/net/{table}").read_text().splitlines()[1:]}
+        same(inodes & internet, set(), "internet sockets")
+
+    def install(self):
+        """The installer, silent, for this user alone: it asks no elevation."""
+        installer = DIST / f"Puffino-{VERSION}-win64-setup.exe"
+        check(b'level="asInvoker"' in installer.read_bytes(), "the installer asks for elevation")
+        same(self.run(installer, "/S", timeout=300)[0], 0, "the installer's exit code")
+        self.installed = self.user_folder() / "AppData" / "Local" / "Programs" / "Puffino"
+        self.shortcut = self.user_folder() / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Puffino.lnk"
+        self.programs["installed"] = self.installed / "Puffino.exe"
+
+    def expect_installed(self, files):
+        """The release's files, the uninstaller, a shortcut, the uninstall entry."""
+        same({p.relative_to(self.installed).as_posix() for p in self.installed.rglob("*") if p.is_file()},
+             files | {"Uninstall.exe"}, "installed files")
+        for name in files:
+            check((self.installed / name).read_bytes() == (DIST / "Puffino" / name).read_bytes(), f"{name} differs")
+        target = rf"{self.user_folder().name}\AppData\Local\Programs\Puffino\Puffino.exe"
+        link = self.shortcut.read_bytes()
+        check(target.encode("ascii") in link or target.encode("utf-16-le") in link, "the shortcut's target")
+        entry = self.uninstall_entry()
+        same((entry["DisplayName"], entry["DisplayVersion"]), ("Puffino", VERSION), "the uninstall entry")
+
+    def uninstall_entry(self):
+        code, out, _ = self.run("reg", "query", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\Puffino")
+        values = (line.split(None, 2) for line in out.splitlines() if line.startswith("    "))
+        return {v[0]: v[2] if len(v) > 2 else "" for v in values} if code == 0 else None
+
+    def uninstall(self):
+        """The uninstaller works from a copy of itself; its last step removes the entry."""
+        same(self.run(self.uninstall_entry()["UninstallString"].strip('"'), "/S")[0], 0, "exit code")
+        self.wait_for(lambda: not self.installed.exists() and not self.shortcut.exists()
+                      and self.uninstall_entry() is None, "program, shortcut and entry gone", 60)
+
+
+def files_under(folder):
+    """Every file under the folder with its size and modification time."""
+    return {p: (p.stat().st_size, p.stat().st_mtime_ns) for p in Path(folder).rglob("*")
+            if p.is_file() and not p.is_symlink()}

@@ -1,17 +1,12 @@
 # Windows-side test programs, run under Wine by the harness.
 set(TESTS_OUT ${CMAKE_CURRENT_BINARY_DIR}/tests)
 
-# The harness's probe: lists Puffino's windows and posts messages to them.
+# The harness's probe: lists Puffino's windows, posts messages to them and
+# watches the keys that get past Puffino's guard.
 add_executable(probe ${PROJECT_SOURCE_DIR}/tests/harness/probe_win.cpp)
 target_link_options(probe PRIVATE -municode)
 target_link_libraries(probe PRIVATE user32 psapi ntdll)
 set_target_properties(probe PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})
-
-# The key watcher: prints the key events that get past Puffino's guard.
-add_executable(key_watch ${PROJECT_SOURCE_DIR}/tests/harness/key_watch_win.cpp)
-target_link_options(key_watch PRIVATE -municode)
-target_link_libraries(key_watch PRIVATE user32)
-set_target_properties(key_watch PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${TESTS_OUT})
 
 # GoogleTest programs. The shell's tests link the real shell with recording
 # stand-ins for the play field, the scene and the volume clamp.

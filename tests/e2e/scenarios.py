@@ -1,0 +1,173 @@
+"""What a person does with Puffino and what they see: one table of steps per
+scenario, grouped by the monitors they need. Every scenario starts from a
+profile that has never seen Puffino; the session that plays it knows how
+to start the program on its platform."""
+
+import re
+
+from puffino_session import step
+
+HOME = (0, 0, 1920, 1080)  # the primary monitor, where Puffino starts
+OTHER = (1920, 0, 3200, 1024)  # 1280x1024 to its right
+LEFT = (-1920, 0, 0, 1080)  # a 1920x1080 monitor left of the primary
+
+
+def config_bytes(*lines):
+    """A config.ini as Notepad saves it: UTF-16 LE with a byte-order mark."""
+    return b"\xff\xfe" + "".join(line + "\r\n" for line in lines).encode("utf-16-le")
+
+
+# The file a first start writes, as a parent finds it in Notepad.
+DEFAULT_CONFIG = config_bytes(
+    "[Puffino]", "; Puffino optional settings. Encoding: UTF-16 LE with BOM.",
+    r"; Path: %AppData%\Roaming\morvenda\Tonkari\Puffino\config.ini", "",
+    "SoundEnabled=1", "VolumeClampPercent=0", "BlockSystemShortcuts=1", "", "[UI]", "Language=")
+JAPANESE = config_bytes("[UI]", "Language=ja")
+VOLUME_CEILING = config_bytes("[Puffino]", "VolumeClampPercent=35")  # a device that will not be lowered
+BEST = re.compile(rb"^[1-9][0-9]*\r\n$")
+SHIPPED = {"Puffino.exe", "README.txt", "LICENSE.txt", "assets/penguin/idle.png", "assets/penguin/bubble.png",
+           "assets/penguin/yatta.png", "assets/penguin/hurray.png", "Fonts/MPLUSRounded1c-Regular.ttf",
+           "Fonts/MPLUSRounded1c-Black.ttf", "Fonts/OFL.txt"}
+
+# What a toddler's hands find on a keyboard: (keys, the key looked for
+# behind Puffino, whether it gets there). The Windows key never reaches the
+# key state once swallowed, so the Tab after it passes as a plain Tab.
+# Print Screen, Escape and plain letters are harmless and pass.
+SHORTCUTS = [
+    ("super", "super", False), ("super+d", "super", False), ("super+l", "super", False),
+    ("super+Tab", "super", False), ("Menu", "Menu", False), ("ctrl+shift+Escape", "Escape", False),
+    ("ctrl+shift+q", "q", False), ("ctrl+shift+n", "n", False), ("ctrl+Escape", "Escape", False),
+    ("alt+Tab", "Tab", False), ("alt+shift+Tab", "Tab", False), ("alt+Escape", "Escape", False),
+    ("alt+space", "space", False), ("alt+Return", "Return", False), ("alt+F1", "F1", False),
+    ("alt+x", "x", False), ("alt+7", "7", False), ("Print", "Print", True), ("alt+Print", "Print", True),
+    ("ctrl+w", "w", True), ("F1", "F1", True), ("Escape", "Escape", True), ("q", "q", True),
+]
+
+EVERYTHING = ["the finish button", "the finish label's text", "the penguin's pictures"]
+# Puffino copied without some of what ships beside it, or beside pose
+# pictures that do not decode: (the copy, what shows, what does not).
+PROGRAM_COPIES = {
+    "no Fonts folder": ({"parts": ["assets"]}, ["the penguin's pictures"], ["the finish label's text"]),
+    "no pose pictures": ({"parts": ["Fonts"]}, ["the finish label's text"], ["the penguin's pictures"]),
+    "damaged pose pictures": ({"damaged_poses": True}, ["the finish label's text"], []),
+}
+
+TWO_MONITORS = {
+    "a first run": [
+        step.remember_disk(), step.start(),
+        step.expect_windows(HOME, OTHER, home=HOME),
+        step.tap_penguin(),
+        step.expect_file("config.ini", DEFAULT_CONFIG), step.expect_file("high_score.txt", None),
+        step.expect_screen(shows=["the finish button", "the finish label's text", "the penguin's pictures",
+                                  "the penguin standing"]),  # above the button
+        step.blow_for_a_second(),
+        step.pop_bubble(burst=True), step.expect_file("high_score.txt", BEST),
+        step.expect_no_network(),
+        step.launch_and_expect(0),
+        step.end_through(OTHER),
+        step.expect_profile_holds("config.ini", "high_score.txt"),
+        step.expect_nothing_written_outside_the_profile(),
+    ],
+    "a launch value makes the other monitor home": [
+        step.start(launch_monitor=OTHER, learn=False), step.expect_windows(HOME, OTHER, home=OTHER),
+        step.click("finish of the other monitor"), step.expect_exit(0),
+    ],
+    "a launch value naming no monitor": [step.launch_and_expect(1, launch_monitor=(5000, 0, 6000, 1000))],
+    "a record, ten points and the sound button": [
+        step.given_file("config.ini", JAPANESE), step.given_file("high_score.txt", b"  2 trailing words"),
+        step.start(), step.expect_labels(),
+        step.pop_until_record(), step.expect_file("high_score.txt", re.compile(rb"^([3-9]|[1-9][0-9]+)\r\n$")),
+        step.pop_until_praise(),
+        step.flip_sound_button(),
+        step.end_through(HOME),
+    ],
+    "the keyboard guard": [
+        step.given_file("config.ini", VOLUME_CEILING), step.watch_keys(), step.start(learn=False),
+        step.press_shortcuts(SHORTCUTS), step.expect_keys_seen(("up", "Tab"), ("up", "Escape")),
+        step.take_out_of_topmost(), step.expect_playing(within=5),  # a tick that ends with the ceiling
+        step.press_keys("alt+F4"), step.expect_exit(0), step.expect_keys_seen(unseen=[("down", "F4")]),
+    ],
+    "a hand-edited read-only config without the guard": [
+        step.given_file("config.ini", config_bytes("[Puffino]", "; no keyboard guard for this PC",
+                                                   "BlockSystemShortcuts=0", "[UI]", "Language=en"), mode=0o444),
+        step.remember_file("config.ini"), step.watch_keys(), step.start(learn=False),
+        step.press_keys("alt+Tab", "a"), step.expect_keys_seen(("down", "Tab"), ("down", "a")),
+        step.press_keys("alt+F4"), step.expect_exit(0), step.expect_keys_seen(("down", "F4")),
+        step.expect_file("config.ini", "unchanged"),
+    ],
+    "display changes under a press and a hold": [
+        step.start(),
+        step.change_display(while_pressing=True),
+        step.release(held_for=1.0),  # well past the 300 ms
+        step.expect_screen(shows=["the penguin standing", "the hint balloon"]), step.expect_heard(0, "chirp"),
+        step.hold_penguin(), step.change_display(),
+        step.expect_screen(shows=["the penguin standing"], hides=["the hint balloon"]),  # gone for good
+        step.expect_heard(1, "chirp"), step.release(),
+        step.expect_moving(OTHER),
+        step.end_through(HOME),
+    ],
+    "the home window's DPI changes": [
+        step.start(learn=False), step.change_dpi(96, (0, 0, 1600, 900)),
+        step.expect_screen(shows=["the finish button of a 1600x900 home", "the penguin of a 1600x900 home",
+                                  "black beyond a 1600x900 home"]),
+        step.expect_windows((0, 0, 1600, 900), OTHER, home=(0, 0, 1600, 900)),
+        step.click((1422, 830)), step.expect_exit(0),  # the finish button 28 px from the new corner
+    ],
+    "the unpacked zip, then its fonts deleted": [
+        step.copy_program("zip", from_zip=True), step.start(program="zip", learn=False),
+        step.expect_screen(shows=EVERYTHING), step.hold_penguin(let_go=True),
+        step.delete_fonts("zip"), step.change_display(),  # every label drawn again
+        step.expect_screen(shows=EVERYTHING),
+        step.end_through(HOME),
+    ],
+    **{name: [
+        step.copy_program(name, **copy), step.start(program=name, learn=False),
+        step.expect_screen(shows=["the finish button", *shows], hides=hides),
+        step.hold_penguin(until="chirp", let_go=True),  # the penguin's place answers, drawn or not
+        step.end_through(HOME),
+    ] for name, (copy, shows, hides) in PROGRAM_COPIES.items()},
+    **{name: [
+        step.given_file("config.ini", VOLUME_CEILING), step.start(sound_device=device, learn=False),
+        step.hold_penguin(let_go=True),
+        step.take_out_of_topmost(), step.expect_playing(within=5),  # the ceiling finds no device
+        step.expect_heard(0),
+        step.end_through(HOME),
+    ] for name, device in (("no sound driver", False), ("no playback device", "none"))},
+    "the best-score file taken away while playing, then the end twice at once": [
+        step.start(), step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", BEST),
+        step.damage("high_score.txt", "read-only"), step.remember_file("high_score.txt"),
+        step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", "unchanged"),
+        step.damage("high_score.txt", "writable"), step.damage("high_score.txt", "a folder"),
+        step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", "a folder"),
+        step.damage("high_score.txt", "deleted"),
+        step.pop_bubble(anywhere=True), step.expect_best_raised(3),  # every pop counted, in memory
+        step.remember_file("high_score.txt"),
+        step.finish_and_alt_f4_at_once(), step.expect_exit(0), step.expect_file("high_score.txt", "unchanged"),
+    ],
+    "no application-data folder": [
+        step.damage(None, "deleted"), step.start(), step.pop_bubble(anywhere=True), step.end_through(HOME),
+        step.expect_file("config.ini", DEFAULT_CONFIG), step.expect_file("high_score.txt", BEST),
+    ],
+    "an unwritable application-data folder": [
+        step.damage(None, "read-only"), step.start(), step.pop_bubble(anywhere=True), step.end_through(HOME),
+        step.expect_file("config.ini", None),
+    ],
+    "install, play and uninstall": [
+        step.install(), step.expect_installed(SHIPPED),
+        step.start(program="installed", learn=False), step.end_through(HOME),
+        step.expect_file("config.ini", DEFAULT_CONFIG), step.given_file("high_score.txt", b"12\r\n"),
+        step.remember_file("config.ini"), step.remember_file("high_score.txt"),
+        step.uninstall(),
+        step.expect_file("config.ini", "unchanged"), step.expect_file("high_score.txt", "unchanged"),
+    ],
+}
+
+# The virtual screen starting left of the origin, at 144 DPI.
+LEFT_OF_PRIMARY_AT_144_DPI = {
+    "windows and labels": [
+        step.given_file("config.ini", JAPANESE), step.start(),
+        step.expect_windows(LEFT, HOME, home=HOME),  # a landscape on each, learnt at the start
+        step.expect_labels(scale=1.5),  # every distance to the corner half again as large
+        step.end_through(LEFT),
+    ],
+}

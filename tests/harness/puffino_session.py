@@ -1,0 +1,382 @@
+"""Puffino played as a person plays it, in the words of the scenario tables
+(lists of rows `step.<what is done or seen>(...)`): start it, click, hold
+the penguin, press keys, damage a file; see the windows, the screen, the
+files, the sounds, the exit code. PuffinoSession knows the X screen and the
+files; a platform's subclass (WinePuffino) starts the program and answers
+for its windows, sounds and keys, and for its own ways to change the
+display, copy the program and install it."""
+
+import re
+import shutil
+import subprocess
+import time
+
+from screen import LABELS, LOOKS, ON_PENGUIN, OTHER, SOUND_SYMBOL, Sight, count, save_png, scaled
+
+# What is no bubble on the home monitor, by its box at 96 DPI and the corner
+# it keeps its distance to: the labels, the penguin with its hint, the buttons.
+HOME_HIDDEN = (((0, 0, 1920, 200), "top left"), ((1100, 706, 1920, 1080), "bottom right"),
+               ((0, 950, 130, 1080), "bottom left"))
+PLACES = {"finish": (1742, 1010), "sound button": (70, 1010), "finish of the other monitor": (3000, 950)}
+CHIRP_SAMPLES = 1984  # 0.09 s at 22050 Hz
+
+
+# step.name(*args, **kwargs) is the row (name, args, kwargs).
+step = type("Steps", (), {"__getattr__": lambda self, name: lambda *args, **kwargs: (name, args, kwargs)})()
+
+
+def check(condition, message):
+    if not condition:
+        raise AssertionError(message)
+
+
+def same(got, wanted, what):
+    check(got == wanted, f"{what}: {got!r}, not {wanted!r}")
+
+
+class PuffinoSession:
+    """A world (X screen, user profile) in which scenarios start Puffino again and again."""
+
+    def __init__(self):
+        self.process = self.sight = None
+        self.remembered, self.undo, self.watched, self.first_seen = {}, [], {}, {}
+
+    def run_scenario(self, name, steps):
+        """Plays the rows in order; a failure names its row."""
+        self.name = name
+        try:
+            for number, (what, args, kwargs) in enumerate(steps, 1):
+                try:
+                    getattr(self, what)(*args, **kwargs)
+                except AssertionError as failure:
+                    self.keep(self.grab(), "failed")
+                    shown = ", ".join([*map(repr, args), *(f"{k}={v!r}" for k, v in kwargs.items())])
+                    raise AssertionError(f"step {number}, {what}({shown}): {failure}") from None
+        finally:  # end what runs, undo the damage, forget the profile
+            self.release()
+            self.watched = {}
+            if self.process and self.process.poll() is None:
+                self.close_window(self.windows()[0])
+                self.exit_code()
+            while self.undo:
+                self.undo.pop()()
+            self.profile().parents[3].mkdir(exist_ok=True)
+            shutil.rmtree(self.profile().parents[2], ignore_errors=True)
+
+    def wait_for(self, condition, what, timeout=30.0):
+        """Polls condition() until it is true; the timeout only bounds a failure."""
+        deadline = time.monotonic() + timeout
+        while not (value := condition()):
+            check(time.monotonic() < deadline, f"timed out after {timeout} s waiting for {what}")
+            if self.watched:
+                self.grab()  # a person keeps looking meanwhile
+            time.sleep(0.05)
+        return value
+
+    def grab(self):
+        """The X screen now, noting the moment of each watched look it shows:
+        what the screen showed stays on record even when a pop is heard late."""
+        moment, frame = self.grabber.grab()
+        for look, moments in self.watched.items():
+            if LOOKS[look](frame, self.sight):
+                moments.append(moment)
+                self.first_seen.setdefault(look, frame)
+        return frame
+
+    def watch(self, *looks):
+        self.watched, self.first_seen = {look: [] for look in looks}, {}
+        return self.watched.values()
+
+    def frame_where(self, condition, what, timeout=30):
+        return self.wait_for(lambda: (lambda f: [f] if condition(f) else None)(self.grab()), what, timeout)[0]
+
+    def keep(self, frame, name):
+        save_png(frame, self.artifacts / re.sub(r"[^\w.]+", "-", f"{self.name}-{name}.png"))
+
+    def xdotool(self, *args):
+        subprocess.run(["xdotool", *map(str, args)], check=True, timeout=30, env=self.x_env)
+
+    def home(self):
+        return next(w for w in self.windows() if w["foreground"])
+
+    def heard(self, kind=None):
+        """The sounds ("chirp" or "pop") played since the start."""
+        return [s for s in self.sounds()[self.sounds_before:] if kind in (None, s["kind"])]
+
+    def start(self, launch_monitor=None, program=None, learn=True, **platform):
+        """Starts Puffino; once every window shows a frame, learns the landscapes."""
+        self.sounds_before, self.sight = len(self.sounds()), None
+        self.process = self.start_program(launch_monitor, program, **platform)
+        self.started = self.wait_for(lambda: self.painted(len(self.screens)), "every Puffino window painted")
+        if learn:
+            hidden = [self.on_home(scaled(box, corner, self.scale)) for box, corner in HOME_HIDDEN]
+            self.sight = Sight((self.width, self.height), self.screens, () if launch_monitor else hidden)
+            self.sight.learn(self.grab(), self.paintings)
+
+    def painted(self, number):
+        """The windows once that many show more than black near their corner."""
+        found = self.windows()
+        left = min((w["rect"][0] for w in found), default=0)
+        return found if len(found) == number and all(
+            w["visible"] and self.grabber.pixel(w["rect"][0] - left + 10, w["rect"][1] + 5) != (0, 0, 0)
+            for w in found) else None
+
+    def launch_and_expect(self, code, launch_monitor=None):
+        """Another launch ends at once with that code, leaving the windows as they were."""
+        before = sorted(w["id"] for w in self.windows())
+        same(self.run_to_end(launch_monitor), code, "exit code")
+        same(sorted(w["id"] for w in self.windows()), before, "windows after the launch")
+
+    def end_through(self, window):
+        """Closes the window on that monitor as a parent's tool would."""
+        self.close_window(next(w for w in self.windows() if w["rect"] == list(window)))
+        self.expect_exit(0)
+
+    def expect_exit(self, code):
+        same(self.exit_code(), code, "exit code")
+        same(self.windows(), [], "windows")
+
+    def expect_playing(self, within=0):
+        """Still running, the start's windows in place, shown and topmost (within that long)."""
+        self.wait_for(lambda: all(w["topmost"] for w in self.windows()), "every window topmost", within)
+        check(self.process.poll() is None, f"play ended with {self.process.returncode}")
+        now = self.windows()
+        same(sorted(w["id"] for w in now), sorted(w["id"] for w in self.started), "windows")
+        check(all(w["visible"] and w["topmost"] for w in now), f"hidden or not topmost: {now}")
+
+    def expect_windows(self, *rects, home):
+        found = self.windows()
+        same(sorted(w["rect"] for w in found), sorted(map(list, rects)), "window rectangles")
+        for w in found:
+            same((w["title"], w["plain"], w["topmost"]), ("Puffino", True, True), "title, tool window, topmost")
+        self.wait_for(lambda: [w["rect"] for w in self.windows() if w["foreground"]] == [list(home)],
+                      f"the home window {home} in front")
+
+    def on_home(self, box):
+        """A box of the home monitor in X screen coordinates."""
+        left, top = self.screens[0][:2]
+        return box[0] + left, box[1] + top, box[2] + left, box[3] + top
+
+    def expect_labels(self, scale=1.0):
+        """Every label's text in its own colour at its place for that scale."""
+        frame = self.grab()
+        self.keep(frame, f"labels-{scale}")
+        for name, box, corner, colour, least in LABELS:
+            ink = count(frame, self.on_home(scaled(box, corner, scale)), colour)
+            check(ink > least * scale * scale, f"{name}: {ink} pixels of its ink")
+
+    def expect_screen(self, shows=(), hides=(), within=30):
+        """A frame that shows all those looks (screen.LOOKS) and none of the hidden ones."""
+        frame = self.frame_where(lambda f: all(LOOKS[look](f, self.sight) for look in shows), shows, within)
+        self.keep(frame, " ".join(shows)[:60])
+        same([look for look in hides if LOOKS[look](frame, self.sight)], [], "looks that should not show")
+
+    def expect_moving(self, box):
+        """Grabs of the box a few frame ticks apart differ."""
+        def moved():
+            first = self.grabber.grab(box)[1]
+            time.sleep(0.2)
+            return (first != self.grabber.grab(box)[1]).any(axis=2).sum() > 50
+        self.wait_for(moved, f"movement in {box}")
+
+    def expect_heard(self, number, kind=None):
+        same(len(self.heard(kind)), number, f"{kind or 'sound'}s heard since the start")
+
+    def tap_penguin(self):
+        """A 100 ms tap high on the penguin blows nothing: no chirp (it would
+        come 300 ms after the press). A tap that pops a bubble is made again."""
+        for _ in range(3):
+            pops = len(self.heard("pop"))
+            self.xdotool("mousemove", 1742, 730, "mousedown", 1, "sleep", 0.1, "mouseup", 1, "sleep", 0.6)
+            self.expect_heard(0, "chirp")
+            if len(self.heard("pop")) == pops:
+                return
+        raise AssertionError("three taps each met a bubble")
+
+    def hold_penguin(self, until="blowing", let_go=False):
+        """Holds the penguin down until it blows (or a chirp is heard, or until()),
+        letting go if asked. A press pops a bubble rising through the penguin:
+        then the child presses again; one that neither gets there nor pops fails."""
+        condition = {"chirp": lambda: self.heard("chirp"),
+                     "blowing": lambda: LOOKS["the penguin blowing"](self.grab(), None)}.get(until, until)
+        for _ in range(3):
+            pops = len(self.heard("pop"))
+            self.xdotool("mousemove", *ON_PENGUIN, "mousedown", 1)
+            self.pressed = time.monotonic()
+            try:
+                self.wait_for(condition, f"the held penguin {until}", 6)
+                return let_go and self.release()
+            except AssertionError:
+                self.release()
+                if len(self.heard("pop")) == pops:
+                    raise
+        raise AssertionError("three presses on the penguin each met a bubble")
+
+    def release(self, held_for=0.0):
+        """Lets go of the mouse button, held that long since the press."""
+        time.sleep(max(0.0, getattr(self, "pressed", 0) + held_for - time.monotonic()))
+        self.xdotool("mouseup", 1)
+
+    def blow_for_a_second(self):
+        """A one-second hold: blowing not before 300 ms, a stream rising from
+        the mouth (72 % across the picture), one chirp; at rest after it."""
+        self.hold_penguin()
+        check(time.monotonic() - self.pressed > 0.3, "blowing within 300 ms")
+        above = (1600, 400, 1920, 706)
+        before = self.sight.differing(self.grab(), above).sum()
+        self.keep(self.frame_where(lambda f: self.sight.differing(f, above).sum() > before + 1500 and any(
+            b.bottom >= above[3] - 2 and b.left < 1810 and b.right > 1770 for b in self.sight.blobs(f, above, 2)),
+            "a stream from the mouth", 5), "stream")
+        self.release(held_for=1.0)
+        self.expect_screen(shows=["the penguin standing"], within=5)
+        self.expect_heard(1, "chirp")
+        # 0.09 s to an envelope peak of 0.12, then only the silence of the
+        # driver's last whole period.
+        samples = self.samples(self.heard("chirp")[0])
+        check(len(samples) >= CHIRP_SAMPLES and not any(samples[CHIRP_SAMPLES:]), f"{len(samples)} samples")
+        check(0.115 <= max(map(abs, samples)) / 32768 <= 0.125, "the chirp's peak")
+
+    def pop_bubble(self, anywhere=False, burst=False):
+        """Clicks the middle of a whole bubble while Puffino is held still and
+        hears it pop: one alone on the other monitor, or anywhere one that
+        touches no other (a lone one gets rare as play goes on). A pop heard
+        late on a busy machine is given time, not popped and counted again."""
+        deadline = time.monotonic() + 60
+        while time.monotonic() < deadline:
+            pops = len(self.heard("pop"))
+            with self.held_still():
+                frame = self.grab()
+                found = [b for m in (self.screens if anywhere else [OTHER]) for b in self.sight.blobs(frame, m, 3)]
+                bubble = next((b for b in sorted(found, key=lambda b: b.width) if b.one_bubble() and (
+                    anywhere or (1960 < b.left and b.right < 3160 and 150 < b.top and b.bottom < 830))
+                    and all(o is b or b.apart_from(o, 8 if anywhere else 60) for o in found)), None)
+                if bubble:
+                    point = [round(c) for c in bubble.centre]
+                    self.xdotool("mousemove", *point, "click", 1)
+            if not bubble:
+                time.sleep(0.5)
+                continue
+            try:
+                self.wait_for(lambda: len(self.heard("pop")) > pops, "a pop", 15 if anywhere else 5)
+            except AssertionError:
+                continue
+            return self.expect_burst(point, bubble) if burst else None
+        raise AssertionError("no bubble could be popped in a minute")
+
+    def expect_burst(self, point, bubble):
+        """Three droplets or more around where the bubble was, no bubble of
+        its size risen on above; then the landscape back there."""
+        x, y = point
+        bursting = lambda f: len([b for b in self.sight.blobs(f, (x - 110, y - 140, x + 110, y + 110))  # noqa: E731
+                                  if b.width <= 16 and b.height <= 16]) >= 3 and not [
+            b for b in self.sight.bubbles(f, (x - 80, y - 220, x + 80, y + 60)) if abs(b.width - bubble.width) <= 4]
+        self.keep(self.frame_where(bursting, "the burst", 15)[y - 150:y + 150, x - 150:x + 150], "burst")
+        self.frame_where(lambda f: not self.sight.differing(f, (x - 60, y - 60, x + 60, y + 60)).any(),
+                         "the landscape back where the bubble burst", 15)
+
+    def pop_until_record(self):
+        """Pops until the best score on disk changes: a hop after it, none before, then a laugh."""
+        best = self.profile() / "high_score.txt"
+        old = best.read_bytes()
+        hops, laughs = self.watch("the penguin hopping", "the penguin laughing")
+        for _ in range(4):
+            unbeaten = time.monotonic()
+            self.pop_bubble()
+            if best.read_bytes() != old:
+                break
+        check(best.read_bytes() != old, "four pops made no record")
+        check(not [m for m in hops if m < unbeaten], "a hop before the record")
+        self.wait_for(lambda: hops, "a hop after the record", 6)
+        self.keep(self.first_seen["the penguin hopping"][550:1080, 1500:1920], "hop")
+        self.wait_for(lambda: laughs, "the penguin laughing", 10)
+
+    def pop_until_praise(self):
+        """Pops until the instruction goes at ten points, with a praise word (that repaint or the next)."""
+        gone, praised = self.watch("the instruction gone", "a praise word")
+        for _ in range(14):
+            if gone:
+                break
+            self.pop_bubble()
+        reached = self.wait_for(lambda: gone, "ten points", 2)[0]
+        self.wait_for(lambda: [m for m in praised if m >= reached - 0.3], "a praise word", 5)
+        self.keep(self.first_seen["a praise word"][250:650, 500:1420], "praise")
+
+    def flip_sound_button(self):
+        """The sound button's symbol changes at a press, and back at the next."""
+        left, top, right, bottom = SOUND_SYMBOL
+        before = self.grab()[top:bottom, left:right]
+        self.click("sound button")
+        muted = self.frame_where(lambda f: (f[top:bottom, left:right] != before).any(), "the symbol flipped")
+        check(count(muted, SOUND_SYMBOL, (60, 60, 72)) > 40, "no muted symbol")
+        self.xdotool("click", 1)
+        self.frame_where(lambda f: (f[top:bottom, left:right] == before).all(), "the note symbol back")
+
+    def click(self, place):
+        self.xdotool("mousemove", *PLACES.get(place, place), "click", 1)
+
+    def press_keys(self, *keys):
+        self.xdotool("mousemove", 400, 300)  # X focus follows the pointer onto Puffino
+        for key in keys:
+            self.xdotool("key", key)
+
+    def press_shortcuts(self, table):
+        """Each (keys, key looked for, whether it gets past Puffino): play
+        stays in place and topmost, only keys that pass reach the system
+        behind it. A marker key (F12, which passes) closes each."""
+        self.press_keys()
+        for keys, key, passes in table:
+            before = len(self.keys_seen())
+            self.xdotool("key", keys, "key", "F12")
+            self.wait_for(lambda: ("down", "F12") in self.keys_seen()[before:], f"the marker after {keys}")
+            same(("down", key) in self.keys_seen()[before:], passes, f"{key} passed at {keys}")
+            self.expect_playing()
+
+    def expect_keys_seen(self, *events, unseen=()):
+        seen = self.wait_for(lambda: (lambda s: [s] if set(events) <= set(s) else None)(self.keys_seen()),
+                             f"{events} behind Puffino", 10)[0]
+        check(not set(unseen) & set(seen), f"{unseen} got past Puffino")
+
+    def given_file(self, name, data, mode=0o644):
+        path = self.profile() / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_bytes(data)
+        path.chmod(mode)
+
+    def expect_file(self, name, data):
+        """The file's bytes, or a compiled pattern they match; None: no such
+        file; "a folder": a folder by that name; "unchanged": as remembered."""
+        path = self.profile() / name
+        if data in (None, "a folder"):
+            same("a folder" if path.is_dir() else path.exists() or None, data, name)
+        elif data == "unchanged":
+            same(self.file_state(name), self.remembered[name], f"{name}'s bytes, time and mode")
+        else:
+            got = path.read_bytes()
+            check(data.match(got) if isinstance(data, re.Pattern) else got == data, f"{name}: {got!r}, not {data!r}")
+
+    def expect_profile_holds(self, *names):
+        same(sorted(p.name for p in self.profile().iterdir()), sorted(names), "the profile's files")
+
+    def remember_file(self, name):
+        self.remembered[name] = self.file_state(name)
+
+    def file_state(self, name):
+        path = self.profile() / name
+        return path.read_bytes(), path.stat().st_mtime_ns, path.stat().st_mode
+
+    def expect_best_raised(self, least):
+        """The best score on disk at least that much above the remembered one."""
+        old, new = int(self.remembered["high_score.txt"][0]), self.file_state("high_score.txt")[0]
+        check(re.match(rb"^[1-9][0-9]*\r\n$", new) and int(new) >= old + least, f"best {new!r} after {old}")
+
+    def damage(self, name, how):
+        """Makes the profile's file (None: the user's roaming application-data
+        folder) "read-only", "writable" again, "a folder" or "deleted"."""
+        path = self.profile() / name if name else self.profile().parents[3]
+        if how == "deleted":
+            shutil.rmtree(path) if path.is_dir() else path.unlink()
+        elif how == "a folder":
+            path.unlink()
+            path.mkdir()
+        else:
+            self.undo.append(self.unwritable(path)) if how == "read-only" else self.undo.pop()()
