@@ -49,9 +49,6 @@ function(puffino_e2e_test name target)
                        ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 900)
 endfunction()
 
-# Monitor layouts, primary first, in X screen coordinates.
-set(LEFT_OF_PRIMARY 1920x1080+1920+0,1920x1080+0+0)
-
 puffino_wine_test(shell COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe)
 puffino_wine_test(resources COMMAND ${WINE_TEST_PROGRAMS}/resources_tests.exe)
 # config.ini and high_score.txt on real files under Wine.
