@@ -29,7 +29,7 @@ void LaidOut(float scale, Rect home = {0, 0, 1920, 1080}) {
 }
 
 TEST(LabelLayout, PraiseFadesPopsInAndSitsOnTheAnchor) {
-    const float anchor = 0.42f * 1080;
+    const float anchor = 453;  // the whole part of 0.42 x 1080
     const struct {
         float duration, left; bool big; const wchar_t* word; int32_t bonus;
         uint32_t alpha; float scale, bonusY, wordY;  // 0 scale: nothing shows
@@ -58,10 +58,11 @@ TEST(LabelLayout, PraiseFadesPopsInAndSitsOnTheAnchor) {
         if (c.bonus) EXPECT_NEAR(look.bonusCentre.y, c.bonusY, 1e-3f);
         if (*c.word) EXPECT_NEAR(look.wordCentre.y, c.wordY, 1e-3f);
     }
-    // A home monitor below another still has it 42 % down its own height.
-    LaidOut(1.0f, {0, 1080, 1920, 2160});
+    // A home monitor below another still has it 42 % down its own height,
+    // on the repaint box's whole-pixel row: 504 of 1200, not 503.99997.
+    LaidOut(1.0f, {0, 1080, 1920, 2280});
     g_playField.praiseText = L"すごい！", g_playField.praiseTimeLeft = 30, g_playField.praiseDuration = 66;
-    EXPECT_NEAR(CurrentPraise().wordCentre.y, 1080 + anchor, 1e-3f);
+    EXPECT_EQ(CurrentPraise().wordCentre.y, 1080 + 504);
 }
 
 TEST(LabelLayout, HintBalloonShowsUntilTheFirstBlowingHold) {
