@@ -47,6 +47,27 @@ TEST(PenguinMotion, CrossFadesOnlyIntoTheCelebrationsOwnPicture) {
     }
 }
 
+TEST(PenguinMotion, NineHopsAlternatelyHighAndLowWithASquash) {
+    // A box 240 tall standing on 954; a hop lasts 0.85 of celebratePhase.
+    const struct {
+        float hops;  // celebratePhase / 0.85
+        float bottom, height;
+    } cases[] = {
+        {0, 954, 216},                       // take-off: 90 % tall
+        {2.25f, 954 - 0.285f * 240, 238.5f},  // a quarter into the third hop
+        {3.5f, 954 - 0.2356f * 240, 240},     // the top of the fourth, a low one
+        {4.5f, 954 - 0.38f * 240, 240},       // the top of the fifth
+        {8.5f, 954 - 0.38f * 240, 240},       // the ninth and last
+        {9.5f, 954, 240},                     // no tenth
+        {12, 954, 240},
+    };
+    for (const auto& c : cases) {
+        const HopPose hop = HopAt(c.hops * 0.85f, 954, 240);
+        EXPECT_NEAR(hop.bottom, c.bottom, 2e-3f) << c.hops;
+        EXPECT_NEAR(hop.height, c.height, 2e-3f) << c.hops;
+    }
+}
+
 TEST(PenguinMotion, BobsWobblesAndKeepsTheMouthOverTheBeak) {
     const float peakBob = std::numbers::pi_v<float> / 4, peakWobble = std::numbers::pi_v<float> / 6;
     const struct {

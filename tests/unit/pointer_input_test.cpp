@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "app/display_windows.h"
 #include "app/shell.h"
@@ -42,8 +43,9 @@ TEST_F(PointerInput, HoldingThePenguinBlowsAStreamUntilReleased) {
     EXPECT_EQ(g_fake.capture, g_mainWindow) << "the release must reach us wherever the mouse goes";
     Tick(9);  // 297 ms
     EXPECT_TRUE(!g_playField.blowing && Blown() == 0);
-    Tick();  // 330 ms: a puff of two and the chirp
+    Tick();  // 330 ms: a puff of two plain bubbles and the chirp
     EXPECT_TRUE(g_playField.blowing && Blown() == 2 && Chirped());
+    for (const Bubble& b : g_playField.bubbles) EXPECT_FALSE(b.fromPenguin && b.gold);
     // The stream's first bubble four ticks after the puff, then two every seven.
     Tick(3);
     EXPECT_EQ(Blown(), 2);
@@ -74,6 +76,7 @@ TEST_F(PointerInput, HoldsEndWithTheirOwnButtonOrFinger) {
     for (const auto& c : cases) {
         SetUp();
         Press(c.touch);
+        EXPECT_EQ(g_fake.capture, c.touch ? nullptr : g_mainWindow) << c.name << ": only the mouse is captured";
         g_fake.leftButtonDown = c.mouseButtonDown;
         Tick(6);
         if (c.releasedAt200) Release();
@@ -111,6 +114,28 @@ TEST_F(PointerInput, EveryTwelfthBlownBubbleIsGoldAndALostOneIsOwed) {
     g_playField.nextBubbleGold = true;
     Release();
     EXPECT_FALSE(g_playField.nextBubbleGold) << "a release forgets the owed gold bubble";
+}
+
+TEST_F(PointerInput, BlownBubblesStartAboveThePenguinAcrossTheirSpread) {
+    // At twice the size: the puff 140 either side of the mouth, the stream
+    // 180, both with their tops 48 above the penguin box, give or take 16.
+    g_dpiScale = 2;
+    LayoutPlayField();
+    const float mouth = g_playField.mouthX, top = static_cast<float>(g_playField.penguinBox.top) - 48;
+    PointerDown({static_cast<int32_t>(mouth), g_playField.penguinBox.bottom - 100}, true);
+    g_fake.now += 300;
+    float puffReach = 0, streamReach = 0;
+    for (int tick = 0; tick < 400; ++tick) {
+        HoldTick();
+        float& reach = tick == 0 ? puffReach : streamReach;
+        for (const Bubble& b : g_playField.bubbles) {
+            reach = std::max(reach, std::abs(b.x - mouth));
+            EXPECT_NEAR(b.y - (b.gold ? b.radius / 0.88f : b.radius), top, 16.001f);
+        }
+        g_playField.bubbles.clear();
+    }
+    EXPECT_TRUE(puffReach > 35 && puffReach <= 140) << puffReach;
+    EXPECT_TRUE(streamReach > 170 && streamReach <= 180) << streamReach;
 }
 
 TEST_F(PointerInput, TheNewestBubbleUnderThePressPopsButButtonsComeFirst) {
