@@ -122,20 +122,23 @@ TEST_F(PointerInput, BlownBubblesStartAboveThePenguinAcrossTheirSpread) {
     g_dpiScale = 2;
     LayoutPlayField();
     const float mouth = g_playField.mouthX, top = static_cast<float>(g_playField.penguinBox.top) - 48;
-    PointerDown({static_cast<int32_t>(mouth), g_playField.penguinBox.bottom - 100}, true);
-    g_fake.now += 300;
-    float puffReach = 0, streamReach = 0;
-    for (int tick = 0; tick < 400; ++tick) {
-        HoldTick();
-        float& reach = tick == 0 ? puffReach : streamReach;
-        for (const Bubble& b : g_playField.bubbles) {
-            reach = std::max(reach, std::abs(b.x - mouth));
-            EXPECT_NEAR(b.y - (b.gold ? b.radius / 0.88f : b.radius), top, 16.001f);
+    float puff[2] = {0, 0}, stream[2] = {0, 0};  // the furthest left and right of the mouth
+    for (int hold = 0; hold < 200; ++hold) {
+        PointerDown({static_cast<int32_t>(mouth), g_playField.penguinBox.bottom - 100}, true);
+        g_fake.now += 300;
+        for (int tick = 0; tick < 8; ++tick) {  // the puff, then two of the stream
+            HoldTick();
+            float* reach = tick == 0 ? puff : stream;
+            for (const Bubble& b : g_playField.bubbles) {
+                reach[0] = std::min(reach[0], b.x - mouth), reach[1] = std::max(reach[1], b.x - mouth);
+                EXPECT_NEAR(b.y - (b.gold ? b.radius / 0.88f : b.radius), top, 16.001f);
+            }
+            g_playField.bubbles.clear();
         }
-        g_playField.bubbles.clear();
     }
-    EXPECT_TRUE(puffReach > 35 && puffReach <= 140) << puffReach;
-    EXPECT_TRUE(streamReach > 170 && streamReach <= 180) << streamReach;
+    EXPECT_TRUE(puff[0] >= -140 && puff[0] < -136 && puff[1] <= 140 && puff[1] > 136) << puff[0] << " " << puff[1];
+    EXPECT_TRUE(stream[0] >= -180 && stream[0] < -175 && stream[1] <= 180 && stream[1] > 175)
+        << stream[0] << " " << stream[1];
 }
 
 TEST_F(PointerInput, TheNewestBubbleUnderThePressPopsButButtonsComeFirst) {
