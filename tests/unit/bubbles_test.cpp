@@ -46,12 +46,14 @@ TEST(AmbientBubbles, AboutOneInTenIsGoldAndMonitorsShareByWidth) {
     g_displayWindows[1].playRect = {1920, 0, 3200, 1024};
     g_virtualWidth = 3200;
     int onHome = 0, total = 0, gold = 0, atBottom = 0;
+    std::set<std::array<uint8_t, 3>> tints;
     constexpr int kTicks = 240000;
     for (int tick = 0; tick < kTicks; ++tick) {
         EmitAmbientBubbles();
         for (const Bubble& b : g_playField.bubbles) {
             onHome += b.x < 1920;
             gold += b.gold;
+            tints.insert({b.red, b.green, b.blue});
             // Its top starts at its own monitor's bottom edge.
             atBottom += std::abs(b.y - (b.gold ? b.radius / 0.88f : b.radius) - (b.x < 1920 ? 1080 : 1024)) < 0.01f;
         }
@@ -60,7 +62,10 @@ TEST(AmbientBubbles, AboutOneInTenIsGoldAndMonitorsShareByWidth) {
     }
     EXPECT_NEAR(total, kTicks * 0.05 * 3200 / 1920, 1);
     EXPECT_NEAR(static_cast<double>(onHome) / total, 0.6, 0.015) << "3 : 2";
-    EXPECT_NEAR(static_cast<double>(gold) / total, 0.05 + 0.95 * 0.1, 0.01) << "every 20th, then 1 in 10";
+    EXPECT_NEAR(static_cast<double>(gold) / total, 0.05 + 0.95 * 0.1, 0.004) << "every 20th, then 1 in 10";
+    EXPECT_EQ(tints, (std::set<std::array<uint8_t, 3>>{{180, 226, 255}, {255, 200, 224}, {210, 255, 220},
+                                                        {255, 236, 180}, {220, 210, 255}, {200, 245, 245},
+                                                        {255, 215, 70}}));
     EXPECT_EQ(atBottom, total);
 }
 

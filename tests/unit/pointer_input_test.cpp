@@ -60,6 +60,10 @@ TEST_F(PointerInput, HoldingThePenguinBlowsAStreamUntilReleased) {
     EXPECT_TRUE(g_playField.blownOnce && !g_playField.blowing && g_fake.capture == g_mainWindow);
     Release();
     EXPECT_TRUE(g_playField.pressStartTick == 0 && g_fake.capture == nullptr);
+    Press();
+    g_fake.capture = FakeWindow(9);  // another window took the capture
+    Release();
+    EXPECT_EQ(g_fake.capture, FakeWindow(9)) << "not ours to release";
 }
 
 TEST_F(PointerInput, HoldsEndWithTheirOwnButtonOrFinger) {
@@ -170,6 +174,12 @@ TEST_F(PointerInput, PenguinHitIsTheDrawnPictureWithoutItsSideMargins) {
     } cases[] = {{{1636, 800}, false}, {{1637, 800}, true}, {{1847, 800}, true}, {{1848, 800}, false},
                  {{1742, 713}, false}, {{1742, 714}, true}, {{1742, 954}, true}, {{1742, 955}, false}};
     for (const auto& c : cases) EXPECT_EQ(PenguinHit(c.point), c.hit) << c.point.x << ", " << c.point.y;
+    // A box 250 tall: the stand-in 250 wide from x = 975, its margins 15.
+    g_playField.penguinBox = {1000, 0, 1200, 250};
+    for (const auto& [x, hit] : {std::pair{989, false}, {990, true}, {1210, true}, {1211, false}}) {
+        EXPECT_EQ(PenguinHit({x, 250}), hit) << x;
+    }
+    LayoutPlayField();
     // A narrow standing and a wide blowing picture: the hit follows the one on show.
     g_fake.poseSizes = {{PoseImage::Idle, {100, 200}}, {PoseImage::Blow, {200, 200}}};
     EXPECT_FALSE(PenguinHit({1642, 800}));

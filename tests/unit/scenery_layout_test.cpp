@@ -100,6 +100,7 @@ TEST(Scenery, WavesAndFlowersFollowTheirRows) {
     for (size_t i = 7; i < 16; ++i) {
         const Flower& f = std::get<Flower>(park[i]);
         EXPECT_TRUE(f.cy >= 885.6f && f.cy <= 1641.6f && f.cx >= 153.6f && f.cx <= 1766.4f) << i;
+        EXPECT_NEAR(f.size, 48.96f, 1e-3f) << i;
     }
     // Flower field: rows of 6, 7, 8 and 9 growing flowers, odd rows 20 k right.
     const std::vector<SceneryElement> field = SceneryPlan({0, 0, 1920, 1080}, 4);

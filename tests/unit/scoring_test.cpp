@@ -120,6 +120,12 @@ TEST_F(Scoring, PopSoundsAreSpacedOut) {
         for (uint32_t gap : c.gapsMs) Pop(false, gap);
         EXPECT_EQ(PopSounds(), c.sounds) << c.name;
     }
+    // Any of the four pops.
+    SetUp();
+    for (int pop = 0; pop < 40; ++pop) Pop(false, 1000);
+    std::set<const uint8_t*> pops(g_fake.played.begin(), g_fake.played.end());
+    pops.erase(g_soundBank.cheerSound.data());
+    EXPECT_EQ(pops.size(), 4u);
     // Sound off: silence, and the gates stand still.
     SetUp();
     g_soundEnabled = false;
