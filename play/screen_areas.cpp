@@ -33,8 +33,9 @@ Rect InstructionPillArea() {
 
 Point PraiseAnchor() {
     const Rect& home = g_playField.homeRect;
-    return {(home.left + home.right) / 2,
-            home.top + static_cast<int32_t>(0.42f * static_cast<float>(home.bottom - home.top))};
+    // The integer part of 0.42 x the height, exactly: in floats 0.42 x 1200
+    // comes out as 503.99997 and the anchor would sit a pixel high.
+    return {(home.left + home.right) / 2, home.top + (home.bottom - home.top) * 42 / 100};
 }
 
 Rect PraiseArea() {

@@ -19,8 +19,9 @@ Rect ScorePanelArea();
 // The instruction pill at the top left of the home monitor.
 Rect InstructionPillArea();
 
-// The praise anchor: the middle of the home monitor, 42 % of its height
-// down. The praise is centred on it.
+// The praise anchor: the middle of the home monitor (integer division) and
+// the integer part of 42 % of its height down. The praise is centred on it
+// and its repaint box is built around it.
 Point PraiseAnchor();
 
 // The box the praise may cover around its anchor.

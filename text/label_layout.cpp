@@ -6,6 +6,7 @@
 
 #include "app/display_windows.h"
 #include "play/play_field.h"
+#include "play/screen_areas.h"
 #include "settings/language.h"
 #include "settings/texts.h"
 
@@ -101,14 +102,13 @@ PraiseLook CurrentPraise() {
     look.alpha = PraiseAlpha(t);
     look.scale = PraiseScale(t, field.praiseBig);
 
-    // The praise centres on the middle of the home monitor, 42 % of the way
-    // down; the repaint box (PraiseArea) is built around the same point in
-    // whole pixels and reaches far enough to hold the fraction.
+    // The praise centres on the middle of the home monitor, on the same
+    // whole-pixel row as its repaint box (PraiseArea); across, it keeps the
+    // half pixel of an odd width.
     const Rect& home = g_playField.homeRect;
     const float s = g_dpiScale;
     const PointF anchor{static_cast<float>(home.left + home.right) * 0.5f,
-                            static_cast<float>(home.top) +
-                                0.42f * static_cast<float>(home.bottom - home.top)};
+                        static_cast<float>(PraiseAnchor().y)};
     // With both texts, the bonus goes above the anchor and the word below it.
     look.bonusCentre = hasWord ? PointF{anchor.x, anchor.y - 52 * s} : anchor;
     look.wordCentre = hasBonus ? PointF{anchor.x, anchor.y + 34 * s} : anchor;

@@ -10,9 +10,9 @@ TEST(AssetPaths, ParentFolder) {
         {L"C:\\Games\\Puffino\\Puffino.exe", L"C:\\Games\\Puffino"},
         {L"C:\\Games\\Puffino\\\\/Puffino.exe", L"C:\\Games\\Puffino"},  // the whole run of separators
         {L"C:/Games/Puffino.exe", L"C:/Games"},
-        {L"C:\\Puffino.exe", L"C:\\"},   // never into the root
-        {L"C:\\", L"C:\\"},
-        {L"C:Puffino.exe", L"C:"},
+        {L"A:\\Puffino.exe", L"A:\\"},   // never into the root
+        {L"z:\\", L"z:\\"},
+        {L"Z:Puffino.exe", L"Z:"}, {L"a:Puffino.exe", L"a:"},
         {L"\\\\server\\share\\Puffino.exe", L"\\\\server\\share"},
         {L"\\\\server\\share", L"\\\\server\\"},
         {L"C:\\Games\\Puffino\\", L"C:\\Games\\Puffino"},

@@ -3,7 +3,12 @@
 // the caps of the effects.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <map>
+#include <set>
+#include <string>
 
 #include "app/display_windows.h"
 #include "play/bubbles.h"
@@ -41,12 +46,14 @@ TEST(AmbientBubbles, AboutOneInTenIsGoldAndMonitorsShareByWidth) {
     g_displayWindows[1].playRect = {1920, 0, 3200, 1024};
     g_virtualWidth = 3200;
     int onHome = 0, total = 0, gold = 0, atBottom = 0;
+    std::set<std::array<uint8_t, 3>> tints;
     constexpr int kTicks = 240000;
     for (int tick = 0; tick < kTicks; ++tick) {
         EmitAmbientBubbles();
         for (const Bubble& b : g_playField.bubbles) {
             onHome += b.x < 1920;
             gold += b.gold;
+            tints.insert({b.red, b.green, b.blue});
             // Its top starts at its own monitor's bottom edge.
             atBottom += std::abs(b.y - (b.gold ? b.radius / 0.88f : b.radius) - (b.x < 1920 ? 1080 : 1024)) < 0.01f;
         }
@@ -55,7 +62,10 @@ TEST(AmbientBubbles, AboutOneInTenIsGoldAndMonitorsShareByWidth) {
     }
     EXPECT_NEAR(total, kTicks * 0.05 * 3200 / 1920, 1);
     EXPECT_NEAR(static_cast<double>(onHome) / total, 0.6, 0.015) << "3 : 2";
-    EXPECT_NEAR(static_cast<double>(gold) / total, 0.05 + 0.95 * 0.1, 0.01) << "every 20th, then 1 in 10";
+    EXPECT_NEAR(static_cast<double>(gold) / total, 0.05 + 0.95 * 0.1, 0.004) << "every 20th, then 1 in 10";
+    EXPECT_EQ(tints, (std::set<std::array<uint8_t, 3>>{{180, 226, 255}, {255, 200, 224}, {210, 255, 220},
+                                                        {255, 236, 180}, {220, 210, 255}, {200, 245, 245},
+                                                        {255, 215, 70}}));
     EXPECT_EQ(atBottom, total);
 }
 
@@ -73,6 +83,20 @@ TEST(StepMotion, RiseSwayFallAndExpire) {
     EXPECT_TRUE(p.x == 11 && p.y == 8 && p.vx == 0.98f && p.vy == -2 + 0.12f) << "moved with the old speeds";
     StepMotion();
     EXPECT_TRUE(g_playField.particles.empty()) << "age 2 of 2";
+}
+
+TEST(StepMotion, RingsEaseOutToTheirFullSizeAsTheyDie) {
+    ResetWorld();
+    g_playField.rings = {PopRing{0, 0, 4, 40, 0, 18}};  // ages 1.4 a tick: 13 ticks
+    const float expected[] = {4.8748f,  9.6769f,  14.3347f, 18.7789f, 22.9431f, 26.7652f,
+                              30.1884f, 33.1615f, 35.6403f, 37.5877f, 38.9748f, 39.7809f};  // 40 sin(age / life x 90 degrees)
+    for (float radius : expected) {
+        StepMotion();
+        ASSERT_EQ(g_playField.rings.size(), 1u);
+        EXPECT_NEAR(g_playField.rings[0].radius, radius, 1e-3f);
+    }
+    StepMotion();
+    EXPECT_TRUE(g_playField.rings.empty());
 }
 
 TEST(StepMotion, BlowingThinsTheOldestEffects) {
@@ -98,6 +122,68 @@ TEST(BubbleHit, TheRimCountsAndGoldIsEasierToCatch) {
         bubble.gold = c.gold;
         EXPECT_EQ(BubbleHit(bubble, 100, 500 + c.distance), c.hit) << c.gold << " at " << c.distance;
     }
+}
+
+// Every draw of a pop effect reaches across its whole range and no
+// further, at twice the size; lengths below are in design pixels.
+TEST(PopEffects, EveryDrawSpansItsRange) {
+    struct Span {
+        float low = 1e9f, high = -1e9f;
+        void Add(float v) { low = std::min(low, v), high = std::max(high, v); }
+    };
+    std::map<std::string, Span> seen;
+    std::set<std::array<uint8_t, 3>> colours;
+    for (uint32_t seed = 1; seed <= 300; ++seed) {
+        for (const std::string kind : {"soft", "plain", "gold"}) {
+            ResetWorld(seed);
+            g_dpiScale = 2;
+            SpawnPopEffect(10, 20, 1, 2, 3, kind == "gold", kind == "soft");
+            for (size_t i = 0; i < g_playField.rings.size(); ++i) {
+                const PopRing& r = g_playField.rings[i];
+                const std::string ring = kind + " ring " + std::to_string(i);
+                seen[ring + " size"].Add(r.maxRadius / 2), seen[ring + " start"].Add(r.radius / 2);
+                seen[ring + " age"].Add(r.age), seen[ring + " life"].Add(r.life);
+            }
+            int drops = 0, sparkles = 0;
+            for (const PopParticle& p : g_playField.particles) {
+                const bool white = p.red == 255 && p.green == 255 && p.blue == 255;
+                const std::string what = kind + (white ? " sparkle" : " drop");
+                (white ? sparkles : drops) += 1;
+                colours.insert({p.red, p.green, p.blue});
+                seen[what + " life"].Add(p.life), seen[what + " size"].Add(p.size / 2);
+                if (white) seen[what + " speed"].Add(std::hypot(p.vx, p.vy) / 2);
+            }
+            seen[kind + " drops"].Add(static_cast<float>(drops));
+            seen[kind + " sparkles"].Add(static_cast<float>(sparkles));
+        }
+    }
+    const struct {
+        const char* name;
+        float low, high;
+    } ranges[] = {
+        {"soft ring 0 size", 22, 32}, {"soft ring 0 start", 3, 3}, {"soft ring 0 life", 10, 10},
+        {"soft drops", 1, 2}, {"soft drop life", 8, 12}, {"soft drop size", 2, 3.5f}, {"soft sparkles", 0, 0},
+        {"plain ring 0 size", 38, 52}, {"plain ring 0 start", 4, 4}, {"plain ring 0 age", 0, 0},
+        {"plain ring 0 life", 18, 18}, {"plain drops", 7, 11}, {"plain drop life", 14, 22},
+        {"plain drop size", 2.5f, 5.5f}, {"plain sparkles", 1, 2}, {"plain sparkle life", 12, 16},
+        {"plain sparkle size", 4, 7}, {"plain sparkle speed", 1.5f, 3},
+        {"gold ring 0 size", 64, 88}, {"gold ring 0 start", 6, 6}, {"gold ring 0 life", 18, 18},  // the flash
+        {"gold ring 1 size", 52, 74}, {"gold ring 1 start", 4, 4}, {"gold ring 1 age", -3, -3},
+        {"gold ring 1 life", 24, 24}, {"gold drops", 16, 22}, {"gold drop life", 20, 34},
+        {"gold drop size", 3.5f, 8}, {"gold sparkles", 4, 6}, {"gold sparkle life", 12, 22},
+        {"gold sparkle size", 6, 11}, {"gold sparkle speed", 1.5f, 5},
+    };
+    for (const auto& r : ranges) {
+        const Span& s = seen[r.name];
+        const float slack = 0.1f * (r.high - r.low) + 1e-4f;
+        EXPECT_TRUE(s.low >= r.low - 1e-4f && s.low <= r.low + slack) << r.name << " from " << s.low;
+        EXPECT_TRUE(s.high <= r.high + 1e-4f && s.high >= r.high - slack) << r.name << " to " << s.high;
+    }
+    // The droplets of a full pop in the six bright colours, the sparkles
+    // white, the soft drops in the bubble's tint.
+    EXPECT_EQ(colours, (std::set<std::array<uint8_t, 3>>{{255, 120, 160}, {255, 205, 80}, {120, 200, 255},
+                                                          {150, 225, 130}, {190, 150, 255}, {255, 160, 120},
+                                                          {255, 255, 255}, {1, 2, 3}}));
 }
 
 TEST(PopEffects, CapsAndEarlyStops) {

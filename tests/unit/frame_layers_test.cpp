@@ -1,6 +1,7 @@
-// When the frame hands the instruction pill to the home window's drawers
-// (the button faces it hands them are proven by the frame composition's
-// Windows-side tests).
+// When and where the frame hands the instruction pill to the home window's
+// drawers, and which buttons get a face
+// (the faces' looks are proven by the frame composition's Windows-side
+// tests).
 #include <gtest/gtest.h>
 
 #include "app/display_windows.h"
@@ -33,6 +34,17 @@ TEST(FrameLayers, InstructionPillShowsUntilTheTenthPoint) {
         g_playField.homeRect = c.home;
         EXPECT_EQ(InstructionPillShows(), c.shows) << c.score << " " << c.english << " " << c.emptyText;
     }
+}
+
+TEST(FrameLayers, OnlyKnownButtonsHaveAFaceAndThePillSitsInTheCorner) {
+    ButtonFace face;
+    EXPECT_TRUE(ButtonFaceFor(kFinishButton, true, face) && ButtonFaceFor(kSoundButton, false, face));
+    EXPECT_FALSE(ButtonFaceFor(7, true, face));
+    ResetWorld();
+    g_dpiScale = 2;
+    g_playField.homeRect = {1920, 100, 3200, 1124};
+    const PointF origin = InstructionPillOrigin();  // 26 x 2 in from the top left
+    EXPECT_TRUE(origin.x == 1972 && origin.y == 152);
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ void LaidOut(float scale, Rect home = {0, 0, 1920, 1080}) {
 }
 
 TEST(LabelLayout, PraiseFadesPopsInAndSitsOnTheAnchor) {
-    const float anchor = 0.42f * 1080;
+    const float anchor = 453;  // the whole part of 0.42 x 1080
     const struct {
         float duration, left; bool big; const wchar_t* word; int32_t bonus;
         uint32_t alpha; float scale, bonusY, wordY;  // 0 scale: nothing shows
@@ -58,10 +58,27 @@ TEST(LabelLayout, PraiseFadesPopsInAndSitsOnTheAnchor) {
         if (c.bonus) EXPECT_NEAR(look.bonusCentre.y, c.bonusY, 1e-3f);
         if (*c.word) EXPECT_NEAR(look.wordCentre.y, c.wordY, 1e-3f);
     }
-    // A home monitor below another still has it 42 % down its own height.
-    LaidOut(1.0f, {0, 1080, 1920, 2160});
+    // A home monitor below another still has it 42 % down its own height,
+    // on the repaint box's whole-pixel row: 504 of 1200, not 503.99997.
+    LaidOut(1.0f, {0, 1080, 1920, 2280});
     g_playField.praiseText = L"すごい！", g_playField.praiseTimeLeft = 30, g_playField.praiseDuration = 66;
-    EXPECT_NEAR(CurrentPraise().wordCentre.y, 1080 + anchor, 1e-3f);
+    EXPECT_EQ(CurrentPraise().wordCentre.y, 1080 + 504);
+}
+
+TEST(LabelLayout, ButtonAndPillBoxes) {
+    LaidOut(1.0f);  // the finish button: symbol 42 wide from x + 16, label 230 from x + 58
+    const ButtonLayout finish = LayOutButton({1592, 968, 1892, 1052}, 28, true);
+    ExpectBox(finish.symbolBox, {1608, 968, 42, 84});
+    ExpectBox(finish.labelBox, {1650, 968, 230, 84});
+    const PillLayout plain = LayOutPill(10, 20, {100, 40}, false);
+    ExpectBox(plain.body, {10, 20, 128, 54});
+    ExpectBox(plain.textBox, {24, 20, 114, 54});
+    g_dpiScale = 2;  // pad 28, dot radius 32, gap 16
+    const PillLayout dotted = LayOutPill(10, 20, {100, 20}, true);
+    ExpectBox(dotted.body, {10, 20, 236, 92});
+    ExpectBox(dotted.dot, {38, 34, 64, 64});
+    ExpectBox(dotted.textBox, {118, 20, 128, 92});
+    EXPECT_FLOAT_EQ(dotted.radius, 46);
 }
 
 TEST(LabelLayout, HintBalloonShowsUntilTheFirstBlowingHold) {
@@ -86,6 +103,7 @@ TEST(LabelLayout, HintBalloonLeftOfThePenguinBreathingAndKeptOnTheMonitor) {
         {1.0f, trough, {}, {1637 - 18 - 338.2496f, 714 + 52.8f, 338.2496f, 107.0096f}},
         {1.0f, peak, {100, 714, 310, 954}, {24, 714 + 52.8f, 359.84f, 113.84f}},  // over the penguin
         {1.0f, peak, {1637, 960, 1847, 1200}, {1637 - 18 - 359.84f, 1080 - 24 - 113.84f, 359.84f, 113.84f}},
+        {1.0f, peak, {1637, -100, 1847, 140}, {1637 - 18 - 359.84f, 24, 359.84f, 113.84f}},
         {1.5f, peak, {}, {1496 - 27 - 389.76f, 531 + 79.2f, 389.76f, 135.76f}},
     };
     for (const auto& c : cases) {
@@ -99,6 +117,9 @@ TEST(LabelLayout, HintBalloonLeftOfThePenguinBreathingAndKeptOnTheMonitor) {
         EXPECT_NEAR(balloon.tailTip.y, b.y + 0.55f * b.height, 1e-3f);
         EXPECT_NEAR(balloon.tailTop.y, balloon.tailTip.y - 10 * c.s, 1e-3f);
         EXPECT_NEAR(balloon.tailBottom.x, b.x + b.width - 2 * c.s, 1e-3f);
+        EXPECT_NEAR(balloon.shadow.y, b.y + 4 * c.s, 1e-3f);
+        EXPECT_NEAR(balloon.textCentre.x, b.x + b.width / 2, 1e-3f);
+        EXPECT_NEAR(balloon.textCentre.y, b.y + b.height / 2, 1e-3f);
     }
 }
 

@@ -47,8 +47,30 @@ TEST(PenguinMotion, CrossFadesOnlyIntoTheCelebrationsOwnPicture) {
     }
 }
 
+TEST(PenguinMotion, NineHopsAlternatelyHighAndLowWithASquash) {
+    // A box 240 tall standing on 954; a hop lasts 0.85 of celebratePhase.
+    const struct {
+        float hops;  // celebratePhase / 0.85
+        float bottom, height;
+    } cases[] = {
+        {0, 954, 216},                       // take-off: 90 % tall
+        {2.25f, 954 - 0.285f * 240, 238.5f},  // a quarter into the third hop
+        {3.5f, 954 - 0.2356f * 240, 240},     // the top of the fourth, a low one
+        {4.5f, 954 - 0.38f * 240, 240},       // the top of the fifth
+        {8.5f, 954 - 0.38f * 240, 240},       // the ninth and last
+        {9.5f, 954, 240},                     // no tenth
+        {12, 954, 240},
+    };
+    for (const auto& c : cases) {
+        const HopPose hop = HopAt(c.hops * 0.85f, 954, 240);
+        EXPECT_NEAR(hop.bottom, c.bottom, 2e-3f) << c.hops;
+        EXPECT_NEAR(hop.height, c.height, 2e-3f) << c.hops;
+    }
+}
+
 TEST(PenguinMotion, BobsWobblesAndKeepsTheMouthOverTheBeak) {
-    const float peakBob = std::numbers::pi_v<float> / 4, peakWobble = std::numbers::pi_v<float> / 6;
+    // Half-way up the breath and the wobble: sin = 0.5.
+    const float halfBob = std::numbers::pi_v<float> / 12, halfWobble = std::numbers::pi_v<float> / 18;
     const struct {
         float scale;
         bool blowing;
@@ -56,9 +78,9 @@ TEST(PenguinMotion, BobsWobblesAndKeepsTheMouthOverTheBeak) {
         bool blowLoaded;  // 300 x 600: drawn 120 wide
         float centreX, offsetY, mouthX;
     } cases[] = {
-        {1, false, {1637, 714, 1847, 954}, false, 1742, 3, 1742 + 52.8f},  // no pictures: a square
-        {2, true, {1637, 714, 1847, 954}, true, 1742, 6 + 8, 1742 - 60 + 86.4f},
-        {1, false, {0, 0, 315, 240}, true, 157, 3, 157 - 60 + 86.4f},  // a whole-pixel centre
+        {1, false, {1637, 714, 1847, 954}, false, 1742, 1.5f, 1742 + 52.8f},  // no pictures: a square
+        {2, true, {1637, 714, 1847, 954}, true, 1742, 3 + 4, 1742 - 60 + 86.4f},
+        {1, false, {0, 0, 315, 240}, true, 157, 1.5f, 157 - 60 + 86.4f},  // a whole-pixel centre
     };
     for (const auto& c : cases) {
         ResetWorld();
@@ -66,8 +88,8 @@ TEST(PenguinMotion, BobsWobblesAndKeepsTheMouthOverTheBeak) {
         g_dpiScale = c.scale;
         g_playField.penguinBox = c.box;
         g_playField.blowing = c.blowing;
-        g_playField.animClock = peakBob;
-        g_playField.blowPhase = peakWobble;
+        g_playField.animClock = halfBob;
+        g_playField.blowPhase = halfWobble;
         const PenguinDraws plan = PlanPenguin(true);
         ASSERT_EQ(plan.count, 1);
         const PoseDraw& d = plan.draws[0];

@@ -26,8 +26,8 @@ TEST(Layout, ButtonsAndPenguinOnTheHomeMonitor) {
         {1.5f, false, {0, 0, 1920, 1080}, {1428, 912, 1878, 1038}, {42, 912, 168, 1038}, {1496, 531, 1810, 891}},
         {1.0f, true, {0, 0, 1280, 1024}, {952, 912, 1252, 996}, {28, 912, 112, 996}, {997, 658, 1207, 898}},
     };
-    for (const auto& c : cases) {
-        ResetWorld();
+    ResetWorld();
+    for (const auto& c : cases) {  // each a re-layout of the last, as after a DPI change
         g_dpiScale = c.scale;
         if (c.noWindows) g_displayWindows.clear(), g_virtualWidth = 1280, g_virtualHeight = 1024;
         LayoutPlayField();
@@ -49,6 +49,40 @@ TEST(Layout, ButtonsAndPenguinOnTheHomeMonitor) {
     g_displayWindows[1].isMain = false;
     LayoutPlayField();
     EXPECT_EQ(g_playField.homeRect, (Rect{0, 0, 1920, 1080}));
+}
+
+TEST(Layout, ThePraiseAnchorIsTheWholePartOf42PercentDown) {
+    ResetWorld();
+    int32_t whole = 0, hundredths = 0;  // 0.42 x height, kept exactly
+    for (int32_t height = 1; height <= 20000; ++height) {
+        hundredths += 42;
+        if (hundredths >= 100) hundredths -= 100, ++whole;
+        g_playField.homeRect = {-1281, 300, 1280, 300 + height};
+        ASSERT_EQ(PraiseAnchor(), (Point{0, 300 + whole})) << height;
+    }
+    for (const auto& [height, drop] : {std::pair{1080, 453}, {1200, 504}, {2400, 1008}, {50, 21}}) {
+        g_playField.homeRect = {0, 0, 1920, height};
+        EXPECT_EQ(PraiseAnchor().y, drop) << height;
+    }
+}
+
+TEST(FrameTick, ClocksAndCountdownsMoveOneTickAtATime) {
+    ResetWorld();
+    LayoutPlayField();
+    g_playField.ambientAccumulator = -1000;  // no ambient bubbles meanwhile
+    g_playField.celebrateTimeLeft = 84;
+    g_playField.praiseTimeLeft = 66;
+    for (int tick = 1; tick <= 90; ++tick) {
+        AdvanceFrame();
+        ASSERT_EQ(g_playField.celebrateTimeLeft, std::max(84 - tick, 0)) << tick;
+        ASSERT_EQ(g_playField.praiseTimeLeft, std::max(66 - tick, 0)) << tick;
+    }
+    EXPECT_NEAR(g_playField.celebratePhase, 84 * 0.13f, 1e-3f);
+    EXPECT_NEAR(g_playField.animClock, 90 * 0.05f, 1e-3f);
+    EXPECT_EQ(g_playField.blowPhase, 0) << "only while blowing";
+    g_playField.blowing = true;
+    AdvanceFrame();
+    EXPECT_FLOAT_EQ(g_playField.blowPhase, 0.14f);
 }
 
 TEST(PosePlacement, FallbacksSizesAndTheMouth) {

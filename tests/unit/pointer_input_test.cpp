@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "app/display_windows.h"
 #include "app/shell.h"
@@ -42,8 +43,9 @@ TEST_F(PointerInput, HoldingThePenguinBlowsAStreamUntilReleased) {
     EXPECT_EQ(g_fake.capture, g_mainWindow) << "the release must reach us wherever the mouse goes";
     Tick(9);  // 297 ms
     EXPECT_TRUE(!g_playField.blowing && Blown() == 0);
-    Tick();  // 330 ms: a puff of two and the chirp
+    Tick();  // 330 ms: a puff of two plain bubbles and the chirp
     EXPECT_TRUE(g_playField.blowing && Blown() == 2 && Chirped());
+    for (const Bubble& b : g_playField.bubbles) EXPECT_FALSE(b.fromPenguin && b.gold);
     // The stream's first bubble four ticks after the puff, then two every seven.
     Tick(3);
     EXPECT_EQ(Blown(), 2);
@@ -58,6 +60,10 @@ TEST_F(PointerInput, HoldingThePenguinBlowsAStreamUntilReleased) {
     EXPECT_TRUE(g_playField.blownOnce && !g_playField.blowing && g_fake.capture == g_mainWindow);
     Release();
     EXPECT_TRUE(g_playField.pressStartTick == 0 && g_fake.capture == nullptr);
+    Press();
+    g_fake.capture = FakeWindow(9);  // another window took the capture
+    Release();
+    EXPECT_EQ(g_fake.capture, FakeWindow(9)) << "not ours to release";
 }
 
 TEST_F(PointerInput, HoldsEndWithTheirOwnButtonOrFinger) {
@@ -74,6 +80,7 @@ TEST_F(PointerInput, HoldsEndWithTheirOwnButtonOrFinger) {
     for (const auto& c : cases) {
         SetUp();
         Press(c.touch);
+        EXPECT_EQ(g_fake.capture, c.touch ? nullptr : g_mainWindow) << c.name << ": only the mouse is captured";
         g_fake.leftButtonDown = c.mouseButtonDown;
         Tick(6);
         if (c.releasedAt200) Release();
@@ -113,6 +120,31 @@ TEST_F(PointerInput, EveryTwelfthBlownBubbleIsGoldAndALostOneIsOwed) {
     EXPECT_FALSE(g_playField.nextBubbleGold) << "a release forgets the owed gold bubble";
 }
 
+TEST_F(PointerInput, BlownBubblesStartAboveThePenguinAcrossTheirSpread) {
+    // At twice the size: the puff 140 either side of the mouth, the stream
+    // 180, both with their tops 48 above the penguin box, give or take 16.
+    g_dpiScale = 2;
+    LayoutPlayField();
+    const float mouth = g_playField.mouthX, top = static_cast<float>(g_playField.penguinBox.top) - 48;
+    float puff[2] = {0, 0}, stream[2] = {0, 0};  // the furthest left and right of the mouth
+    for (int hold = 0; hold < 200; ++hold) {
+        PointerDown({static_cast<int32_t>(mouth), g_playField.penguinBox.bottom - 100}, true);
+        g_fake.now += 300;
+        for (int tick = 0; tick < 8; ++tick) {  // the puff, then two of the stream
+            HoldTick();
+            float* reach = tick == 0 ? puff : stream;
+            for (const Bubble& b : g_playField.bubbles) {
+                reach[0] = std::min(reach[0], b.x - mouth), reach[1] = std::max(reach[1], b.x - mouth);
+                EXPECT_NEAR(b.y - (b.gold ? b.radius / 0.88f : b.radius), top, 16.001f);
+            }
+            g_playField.bubbles.clear();
+        }
+    }
+    EXPECT_TRUE(puff[0] >= -140 && puff[0] < -136 && puff[1] <= 140 && puff[1] > 136) << puff[0] << " " << puff[1];
+    EXPECT_TRUE(stream[0] >= -180 && stream[0] < -175 && stream[1] <= 180 && stream[1] > 175)
+        << stream[0] << " " << stream[1];
+}
+
 TEST_F(PointerInput, TheNewestBubbleUnderThePressPopsButButtonsComeFirst) {
     g_playField.bubbles = {Bubble{1742, 850, 30, -1, 0, 0, 0, 10}, Bubble{1752, 850, 30, -1, 0, 0, 0, 99}};
     PointerDown(kOnPenguin, false);
@@ -142,6 +174,12 @@ TEST_F(PointerInput, PenguinHitIsTheDrawnPictureWithoutItsSideMargins) {
     } cases[] = {{{1636, 800}, false}, {{1637, 800}, true}, {{1847, 800}, true}, {{1848, 800}, false},
                  {{1742, 713}, false}, {{1742, 714}, true}, {{1742, 954}, true}, {{1742, 955}, false}};
     for (const auto& c : cases) EXPECT_EQ(PenguinHit(c.point), c.hit) << c.point.x << ", " << c.point.y;
+    // A box 250 tall: the stand-in 250 wide from x = 975, its margins 15.
+    g_playField.penguinBox = {1000, 0, 1200, 250};
+    for (const auto& [x, hit] : {std::pair{989, false}, {990, true}, {1210, true}, {1211, false}}) {
+        EXPECT_EQ(PenguinHit({x, 250}), hit) << x;
+    }
+    LayoutPlayField();
     // A narrow standing and a wide blowing picture: the hit follows the one on show.
     g_fake.poseSizes = {{PoseImage::Idle, {100, 200}}, {PoseImage::Blow, {200, 200}}};
     EXPECT_FALSE(PenguinHit({1642, 800}));

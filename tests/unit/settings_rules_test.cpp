@@ -3,6 +3,7 @@
 // configured ceiling.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "settings/config_values.h"
 #include "settings/high_score.h"
 #include "settings/language.h"
+#include "settings/settings.h"
 #include "settings/volume_clamp.h"
 #include "tests/unit/settings_fakes.h"
 
@@ -81,6 +83,17 @@ TEST(BestScore, LeadingPositiveNumberElseZero) {
         std::istringstream text{std::string(c.text)};
         EXPECT_EQ(ParseBestScore(text), c.best) << testing::PrintToString(std::string(c.text));
     }
+}
+
+TEST(BestScore, SavedReadBackAndZeroWithoutAFile) {
+    g_bestScore = 42;
+    SaveBestScore();
+    g_bestScore = 7;
+    LoadBestScore();
+    EXPECT_EQ(g_bestScore, 42);
+    std::filesystem::remove(AppDataFile(L"high_score.txt"));
+    LoadBestScore();
+    EXPECT_EQ(g_bestScore, 0);
 }
 
 TEST(VolumeCeiling, FromTheNumberReadThroughTheClamp) {

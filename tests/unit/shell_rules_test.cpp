@@ -30,6 +30,7 @@ TEST(PointerPoints, TouchSignatureSignedMouseHalvesAndTouchTruncatedTowardZero) 
     EXPECT_EQ(TouchScreenPixel(-1999, 1999), (Point{-19, 19}));
     EXPECT_EQ(TouchScreenPixel(-100, 250), (Point{-1, 2}));
     EXPECT_EQ(TouchScreenPixel(-99, 99), (Point{0, 0}));
+    EXPECT_EQ(TouchScreenPixel(384000, 215999), (Point{3840, 2159}));
 }
 
 TEST(PlayFieldPoints, ClientPointsShiftByTheWindowsPlayRect) {

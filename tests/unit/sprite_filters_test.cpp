@@ -130,6 +130,8 @@ TEST(SoftenOutline, OpenSidesDecideTheAlpha) {
         {"the picture's corner: five missing", 0, 0, kOutline, {}, 0, 150},
         {"the picture's edge: three missing", 2, 0, kOutline, {}, 0, 150},
         {"blue 50 is not dark", 2, 2, {40, 40, 50, 255}, {{1, -1}, {1, 0}, {1, 1}}, 0, 255},
+        {"green 50 is not dark", 2, 2, {40, 50, 40, 255}, {{1, -1}, {1, 0}, {1, 1}}, 0, 255},
+        {"red 50 is not dark", 2, 2, {50, 40, 40, 255}, {{1, -1}, {1, 0}, {1, 1}}, 0, 255},
         {"49 in every channel is dark", 2, 2, {49, 49, 49, 255}, {{1, -1}, {1, 0}, {1, 1}}, 0, 150},
         {"alpha 200 counts as opaque", 2, 2, {20, 24, 32, 200}, {{1, 0}, {1, 1}, {0, 1}}, 0, 150},
         {"alpha 199 is not outline", 2, 2, {20, 24, 32, 199}, {{1, 0}, {1, 1}, {0, 1}}, 0, 199},
@@ -144,6 +146,9 @@ TEST(SoftenOutline, OpenSidesDecideTheAlpha) {
         expected.alpha = c.expectedAlpha;
         EXPECT_EQ(picture.At(c.x, c.y), expected) << c.what;
     }
+    Picture smallest(2, 2, kOutline);  // every pixel a corner
+    SoftenOutline(smallest.Pixels());
+    EXPECT_EQ(smallest.At(1, 1).alpha, 150);
 }
 
 TEST(BleedColours, AveragesTheColouredNeighboursAndKeepsAlpha) {
@@ -155,6 +160,12 @@ TEST(BleedColours, AveragesTheColouredNeighboursAndKeepsAlpha) {
     EXPECT_EQ(picture.At(2, 2), (Colour{127, 0, 127, 5}));
     EXPECT_EQ(picture.At(0, 2), (Colour{255, 0, 0, 0})) << "beside the red pixel only";
     EXPECT_EQ(picture.At(1, 2), kRed) << "visible pixels keep their colour";
+    for (const auto& [far, near] : {std::pair{0, 3}, {4, 1}}) {  // only the 3 x 3 around a pixel counts
+        Picture twoAway(5, 5);
+        twoAway.Set(2, far, kRed), twoAway.Set(2, near, kBlue);
+        BleedColours(twoAway.Pixels());
+        EXPECT_EQ(twoAway.At(2, 2), (Colour{0, 0, 255, 0})) << far;
+    }
 }
 
 TEST(BleedColours, ReachesFourStepsOneRingPerPass) {
