@@ -32,7 +32,7 @@ struct Scene {
     // Optional second paint: after this change only `redraw` is composed
     // again, as a paint of a dirty rectangle would.
     void (*change)() = nullptr;
-    Rect redraw;
+    Rect redraw{};
 };
 
 // A calm sky blue that no drawer uses, behind scenes without a landscape.
