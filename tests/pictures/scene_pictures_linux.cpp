@@ -37,19 +37,6 @@ void CopyRect(cairo_surface_t* from, cairo_surface_t* to, const Rect& rect) {
 
 size_t IndexOf(const DisplayWindow& window) { return static_cast<size_t>(&window - g_displayWindows.data()); }
 
-// Straight ARGB from cairo's premultiplied pixels, and back.
-uint32_t Straight(uint32_t p) {
-    const uint32_t a = p >> 24;
-    if (a == 0) return 0;
-    const auto c = [a](uint32_t v) { return std::min<uint32_t>(255, (v * 255 + a / 2) / a); };
-    return a << 24 | c(p >> 16 & 0xFF) << 16 | c(p >> 8 & 0xFF) << 8 | c(p & 0xFF);
-}
-uint32_t Premultiplied(uint32_t p) {
-    const uint32_t a = p >> 24;
-    const auto c = [a](uint32_t v) { return (v * a + 127) / 255; };
-    return a << 24 | c(p >> 16 & 0xFF) << 16 | c(p >> 8 & 0xFF) << 8 | c(p & 0xFF);
-}
-
 }  // namespace
 
 // A native test program always finds the fonts of its build.
@@ -110,15 +97,12 @@ void ReleaseWindowBuffers() {
     g_buffers.clear();
 }
 
+// The pictures are opaque, or wholly transparent outside the windows, so
+// cairo's premultiplied pixels are the plain ones.
 bool SavePng(const Picture& picture, const std::filesystem::path& file) {
-    cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, picture.width, picture.height);
-    cairo_surface_flush(surface);
-    uint8_t* data = cairo_image_surface_get_data(surface);
-    for (int32_t y = 0; y < picture.height; ++y) {
-        auto* row = reinterpret_cast<uint32_t*>(data + y * cairo_image_surface_get_stride(surface));
-        for (int32_t x = 0; x < picture.width; ++x) row[x] = Premultiplied(picture.pixels[y * picture.width + x]);
-    }
-    cairo_surface_mark_dirty(surface);
+    cairo_surface_t* surface = cairo_image_surface_create_for_data(
+        reinterpret_cast<unsigned char*>(const_cast<uint32_t*>(picture.pixels.data())), CAIRO_FORMAT_ARGB32,
+        picture.width, picture.height, picture.width * 4);
     const bool written = cairo_surface_write_to_png(surface, file.c_str()) == CAIRO_STATUS_SUCCESS;
     cairo_surface_destroy(surface);
     return written;
@@ -133,7 +117,7 @@ Picture LoadPng(const std::filesystem::path& file) {
         const uint8_t* data = cairo_image_surface_get_data(surface);
         for (int32_t y = 0; y < picture.height; ++y) {
             const auto* row = reinterpret_cast<const uint32_t*>(data + y * cairo_image_surface_get_stride(surface));
-            for (int32_t x = 0; x < picture.width; ++x) picture.pixels.push_back(Straight(row[x]));
+            picture.pixels.insert(picture.pixels.end(), row, row + picture.width);
         }
     }
     cairo_surface_destroy(surface);
