@@ -36,17 +36,6 @@ int XineramaQueryExtension(Display *display, int *eventBase, int *errorBase) {
     return 1;
 }
 
-int XineramaQueryVersion(Display *display, int *major, int *minor) {
-    (void)display;
-    *major = *minor = 1;
-    return 1;
-}
-
-int XineramaIsActive(Display *display) {
-    (void)display;
-    return getenv("PUFFINO_FAKE_HEADS") != NULL;
-}
-
 XineramaScreenInfo *XineramaQueryScreens(Display *display, int *number) {
     (void)display;
     return ReadHeads(number);

@@ -17,8 +17,7 @@
 
 namespace {
 
-BOOL CALLBACK ListWindow(HWND hwnd, LPARAM data) {
-    auto& found = *reinterpret_cast<std::vector<std::string>*>(data);
+BOOL CALLBACK ListWindow(HWND hwnd, LPARAM listed) {
     wchar_t className[128] = {};
     GetClassNameW(hwnd, className, 128);
     if (std::wcscmp(className, L"PuffinoWindow") != 0) return TRUE;
@@ -28,23 +27,21 @@ BOOL CALLBACK ListWindow(HWND hwnd, LPARAM data) {
     GetWindowRect(hwnd, &rect);
     DWORD pid = 0;
     GetWindowThreadProcessId(hwnd, &pid);
-    char buffer[512];
-    std::snprintf(buffer, sizeof buffer,
-                  "{\"hwnd\": %llu, \"pid\": %lu, \"title\": \"%s\", \"style\": %lu, \"exstyle\": %lu, "
-                  "\"rect\": [%ld, %ld, %ld, %ld], \"visible\": %s, \"foreground\": %s}",
-                  static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(hwnd)), pid,
-                  title, static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_STYLE)),
-                  static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)), rect.left, rect.top, rect.right,
-                  rect.bottom, IsWindowVisible(hwnd) ? "true" : "false", GetForegroundWindow() == hwnd ? "true" : "false");
-    found.push_back(buffer);
+    std::printf("%s{\"hwnd\": %llu, \"pid\": %lu, \"title\": \"%s\", \"style\": %lu, \"exstyle\": %lu, "
+                "\"rect\": [%ld, %ld, %ld, %ld], \"visible\": %s, \"foreground\": %s}",
+                (*reinterpret_cast<int*>(listed))++ ? ",\n " : "",
+                static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(hwnd)), pid, title,
+                static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_STYLE)),
+                static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)), rect.left, rect.top, rect.right,
+                rect.bottom, IsWindowVisible(hwnd) ? "true" : "false", GetForegroundWindow() == hwnd ? "true" : "false");
     return TRUE;
 }
 
 int Windows() {
-    std::vector<std::string> found;
-    EnumWindows(ListWindow, reinterpret_cast<LPARAM>(&found));
-    for (size_t i = 0; i < found.size(); ++i) std::printf("%s%s", i ? ",\n " : "[", found[i].c_str());
-    std::printf(found.empty() ? "[]\n" : "]\n");
+    int listed = 0;
+    std::printf("[");
+    EnumWindows(ListWindow, reinterpret_cast<LPARAM>(&listed));
+    std::printf("]\n");
     return 0;
 }
 

@@ -46,8 +46,7 @@ class PuffinoSession:
                     getattr(self, what)(*args, **kwargs)
                 except AssertionError as failure:
                     self.keep(self.grab(), "failed")
-                    shown = ", ".join([*map(repr, args), *(f"{k}={v!r}" for k, v in kwargs.items())])
-                    raise AssertionError(f"step {number}, {what}({shown}): {failure}") from None
+                    raise AssertionError(f"step {number}, {what}{args}{kwargs or ''}: {failure}") from None
         finally:  # end what runs, undo the damage, forget the profile
             self.release()
             self.watched = {}
@@ -115,7 +114,7 @@ class PuffinoSession:
 
     def launch_and_expect(self, code, launch_monitor=None):  # at once, the windows left as they were
         before = sorted(w["id"] for w in self.windows())
-        same(self.run_to_end(launch_monitor), code, "exit code")
+        same(self.exit_code(self.start_program(launch_monitor)), code, "exit code")
         same(sorted(w["id"] for w in self.windows()), before, "windows after the launch")
 
     def end_through(self, window):  # as a parent's tool closes it

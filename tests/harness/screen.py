@@ -88,11 +88,6 @@ LOOKS = {
 }
 
 
-class _XImage(ctypes.Structure):  # its head, up to the pixels
-    _fields_ = [*((name, ctypes.c_int) for name in ("width", "height", "xoffset", "format")),
-                ("data", ctypes.POINTER(ctypes.c_ubyte))]
-
-
 class Grabber:
     """The X screen (or a box of it) as an RGB array, read straight from the
     server in milliseconds, so that a moving bubble is where the grab says.
@@ -100,14 +95,10 @@ class Grabber:
 
     def __init__(self, display, width, height):
         x11 = self.x11 = ctypes.CDLL("libX11.so.6")
-        x11.XOpenDisplay.restype = ctypes.c_void_p
-        x11.XDefaultRootWindow.restype = ctypes.c_ulong
-        x11.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
-        x11.XGetImage.restype = ctypes.POINTER(_XImage)
+        x11.XOpenDisplay.restype = x11.XDefaultRootWindow.restype = x11.XGetImage.restype = ctypes.c_void_p
+        x11.XDefaultRootWindow.argtypes = x11.XFree.argtypes = x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
         x11.XGetImage.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int,
                                   ctypes.c_uint, ctypes.c_uint, ctypes.c_ulong, ctypes.c_int]
-        x11.XFree.argtypes = [ctypes.c_void_p]
-        x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
         self.display = x11.XOpenDisplay(display.encode())
         if not self.display:
             raise RuntimeError(f"cannot open X display {display}")
@@ -119,12 +110,12 @@ class Grabber:
         left, top, right, bottom = box or (0, 0, self.width, self.height)
         image = self.x11.XGetImage(self.display, self.root, left, top, right - left, bottom - top,
                                    0xFFFFFFFF, 2)  # AllPlanes, ZPixmap
-        taken = time.monotonic()
+        taken, pixels = time.monotonic(), ctypes.c_void_p.from_address(image + 16).value  # after four ints
         try:
-            raw = ctypes.string_at(image.contents.data, 4 * (right - left) * (bottom - top))
+            raw = ctypes.string_at(pixels, 4 * (right - left) * (bottom - top))
             return taken, numpy.frombuffer(raw, numpy.uint8).reshape(bottom - top, right - left, 4)[..., 2::-1].copy()
         finally:
-            self.x11.XFree(image.contents.data)
+            self.x11.XFree(pixels)
             self.x11.XFree(image)
 
     def pixel(self, x, y):

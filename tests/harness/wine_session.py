@@ -209,25 +209,18 @@ class WinePuffino(WineSession, PuffinoSession):
     def start_program(self, launch_monitor=None, program=None, sound_device=True):
         """sound_device False: every audio driver off (the device enumerator
         cannot even be made); "none": a driver that finds no playback device."""
-        env = self.launch_env(launch_monitor)
+        env = {"TONKARI_LAUNCH_MONITOR": ",".join(map(str, launch_monitor))} if launch_monitor else {}
         if sound_device is False:
             env["WINEDLLOVERRIDES"] = self.env["WINEDLLOVERRIDES"] + ";winealsa.drv,winepulse.drv,wineoss.drv=d"
         elif sound_device == "none":
             env["ALSA_CONFIG_PATH"] = "/usr/share/alsa/alsa.conf"
         return self.launch(self.programs.get(program, PUFFINO_EXE), env=env)
 
-    def run_to_end(self, launch_monitor=None):
-        return self.run(PUFFINO_EXE, env=self.launch_env(launch_monitor), timeout=30)[0]
-
-    @staticmethod
-    def launch_env(monitor):
-        return {"TONKARI_LAUNCH_MONITOR": ",".join(map(str, monitor))} if monitor else {}
-
     def close_window(self, window):
         self.post(window, WM_CLOSE)
 
-    def exit_code(self):
-        return self.wait_exit(self.process)
+    def exit_code(self, process=None):
+        return self.wait_exit(process or self.process)
 
     profile = WineSession.app_data
 
