@@ -1,7 +1,5 @@
-"""What a person does with Puffino and what they see: one table of steps per
-scenario, grouped by the monitors they need. Every scenario starts from a
-profile that has never seen Puffino; the session that plays it knows how
-to start the program on its platform."""
+"""What a person does with Puffino and what they see: a table of steps per
+scenario, grouped by the monitors they need, each from a fresh profile."""
 
 import re
 

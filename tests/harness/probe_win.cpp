@@ -75,8 +75,6 @@ int NotTopmost(wchar_t** argv) {
 // on x64): 0x10000 entries of 24 bytes, one in use has a non-zero type byte
 // (offset 12). Stock objects count too: a constant share.
 long GdiObjects(HANDLE process) {
-    const DWORD reported = GetGuiResources(process, GR_GDIOBJECTS);
-    if (reported != 0) return static_cast<long>(reported);
     PROCESS_BASIC_INFORMATION basic{};
     if (NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof basic, nullptr) != 0) return -1;
     uintptr_t table = 0;

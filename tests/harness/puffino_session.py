@@ -1,7 +1,7 @@
 """Puffino played as a person plays it, in the words of the scenario tables
 (rows `step.<what is done or seen>(...)`). PuffinoSession knows the X screen
 and the files; a platform's subclass (WinePuffino) starts the program and
-answers for its windows, sounds, keys, display changes, copies and installs."""
+answers for its windows, sounds and keys."""
 
 import re
 import shutil
@@ -251,14 +251,14 @@ class PuffinoSession:
         x, y = point
         bursting = lambda f: len([b for b in self.sight.blobs(f, (x - 110, y - 140, x + 110, y + 110))  # noqa: E731
                                   if b.width <= 16 and b.height <= 16]) >= 3 and not [
-            b for b in self.sight.bubbles(f, (x - 80, y - 220, x + 80, y + 60)) if abs(b.width - bubble.width) <= 4]
+            b for b in self.sight.blobs(f, (x - 80, y - 220, x + 80, y + 60), 3) if b.one_bubble()
+            and abs(b.width - bubble.width) <= 4]
         self.keep(self.frame_where(bursting, "the burst", 15)[y - 150:y + 150, x - 150:x + 150], "burst")
         self.frame_where(lambda f: not self.sight.differing(f, (x - 60, y - 60, x + 60, y + 60)).any(),
                          "the landscape back where the bubble burst", 15)
 
     def pop_until_record(self):  # on disk: a hop after it, none before, then a laugh
-        best = self.profile() / "high_score.txt"
-        old = best.read_bytes()
+        old = (best := self.profile() / "high_score.txt").read_bytes()
         hops, laughs = self.watch("the penguin hopping", "the penguin laughing")
         for _ in range(4):
             unbeaten = time.monotonic()

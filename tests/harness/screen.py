@@ -1,7 +1,5 @@
-"""Puffino's screen as a person sees it: quick grabs of the X screen, the
-places and colours of the home monitor's controls, what can be seen there
-(LOOKS), and the bubbles as what differs from the landscape a monitor
-ought to show."""
+"""Puffino's screen as a person sees it: quick grabs, the home monitor's
+controls, what can be seen (LOOKS), bubbles as what is not the landscape."""
 
 import ctypes
 import subprocess
@@ -136,8 +134,7 @@ def save_png(frame, path):
                    input=frame.tobytes(), check=True, timeout=60)
 
 
-class Blob(namedtuple("Blob", "left top right bottom pixels")):
-    """A patch that differs from the landscape: its pixel box and count."""
+class Blob(namedtuple("Blob", "left top right bottom pixels")):  # a patch that is not the landscape
     width = property(lambda self: self.right - self.left)
     height = property(lambda self: self.bottom - self.top)
     centre = property(lambda self: ((self.left + self.right) / 2, (self.top + self.bottom) / 2))
@@ -156,14 +153,10 @@ class Sight:
     show; hidden rectangles (the penguin, the labels: no bubbles) are left out."""
 
     def __init__(self, size, monitors, hidden=()):
-        width, height = size
-        self.monitors = monitors
-        self.seen = numpy.zeros((height, width), bool)
-        for left, top, right, bottom in monitors:
-            self.seen[top:bottom, left:right] = True
-        for left, top, right, bottom in hidden:
-            self.seen[top:bottom, left:right] = False
-        self.landscape = numpy.zeros((height, width, 3), numpy.uint8)
+        self.monitors, self.seen = monitors, numpy.zeros(size[::-1], bool)
+        self.landscape = numpy.zeros((*size[::-1], 3), numpy.uint8)
+        for (left, top, right, bottom), seen in [*((m, True) for m in monitors), *((h, False) for h in hidden)]:
+            self.seen[top:bottom, left:right] = seen
 
     def learn(self, frame, paintings):
         """For each monitor the best match where it is seen of paintings(width,
@@ -218,6 +211,3 @@ class Sight:
             y0, x0, y1, x1 = min(ys) * CELL, min(xs) * CELL, (max(ys) + 1) * CELL, (max(xs) + 1) * CELL
             found.append(Blob(left + x0, top + y0, left + x1, top + y1, int(mask[y0:y1, x0:x1].sum())))
         return found
-
-    def bubbles(self, frame, box=None):
-        return [b for b in self.blobs(frame, box, join=3) if b.one_bubble()]

@@ -1,6 +1,5 @@
-"""A private Wine world (WineSession): a copy of the prepared prefix, an Xvfb
-sized to the monitors, which the stand-in libXinerama.so.1 reports to Wine.
-WinePuffino plays Puffino.exe in it through probe.exe, its sound captured."""
+"""A private Wine world (WineSession): a copy of the prepared prefix, an Xvfb whose monitors
+the stand-in libXinerama.so.1 reports; WinePuffino plays Puffino.exe in it through probe.exe."""
 
 import array
 import contextlib
@@ -52,8 +51,7 @@ def windows_path(path):  # drive Z: is the root
     return "Z:" + str(Path(path).resolve()).replace("/", "\\")
 
 
-def start_xvfb(width, height):
-    """An X server of its own, on a display number it picks: (process, display)."""
+def start_xvfb(width, height):  # on a display number it picks: (process, display)
     read_end, write_end = os.pipe()
     process = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24",
                                 "-nolisten", "tcp", "-extension", "RANDR", "-noreset"], pass_fds=[write_end],
@@ -88,7 +86,7 @@ class WineSession:
         self.label, self.heads, self.dpi, self.sound_capture = label, tuple(heads), dpi, sound_capture
         self.font_replacements, self.fonts = dict(font_replacements or {}), fonts
         self.artifacts = Path(artifacts) if artifacts else BUILD / "test-artifacts" / label
-        self.processes, self.env, self.xvfb, self.root, self.grabber = [], None, None, None, None
+        self.processes, self.env, self.root, self.grabber = [], None, None, None
 
     def __enter__(self):
         try:
@@ -122,7 +120,8 @@ class WineSession:
         self.screens = [(int(x), int(y), int(x) + int(w), int(y) + int(h))
                         for w, h, x, y in (head.replace("x", "+").split("+") for head in self.heads)]
         self.width, self.height = max(r[2] for r in self.screens), max(r[3] for r in self.screens)
-        self.xvfb, self.x_display = start_xvfb(self.width, self.height)
+        xvfb, self.x_display = start_xvfb(self.width, self.height)
+        self.processes.append(xvfb)  # the last to end
         self.x_env = {**os.environ, "DISPLAY": self.x_display}
         self.env = wine_environment(self.prefix, self.x_display, self.heads)
         if self.sound_capture:
@@ -140,15 +139,12 @@ class WineSession:
     def __exit__(self, *exc):
         if self.grabber:
             self.grabber.close()
-        for process in self.processes:
-            process.kill()
-            process.wait()
         if self.env:
             subprocess.run(["wineserver", "-k"], env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             subprocess.run(["wineserver", "-w"], env=self.env, timeout=60)
-        if self.xvfb:
-            self.xvfb.kill()
-            self.xvfb.wait()
+        for process in reversed(self.processes):
+            process.kill()
+            process.wait()
         if self.root:
             shutil.rmtree(self.root, ignore_errors=True)
 
