@@ -1,7 +1,5 @@
-"""What a person does with Puffino and what they see: one table of steps per
-scenario, grouped by the monitors they need. Every scenario starts from a
-profile that has never seen Puffino; the session that plays it knows how
-to start the program on its platform."""
+"""What a person does with Puffino and what they see: a table of steps per
+scenario, grouped by the monitors they need, each from a fresh profile."""
 
 import re
 
@@ -12,8 +10,7 @@ OTHER = (1920, 0, 3200, 1024)  # 1280x1024 to its right
 LEFT = (-1920, 0, 0, 1080)  # a 1920x1080 monitor left of the primary
 
 
-def config_bytes(*lines):
-    """A config.ini as Notepad saves it: UTF-16 LE with a byte-order mark."""
+def config_bytes(*lines):  # as Notepad saves it: UTF-16 LE with a byte-order mark
     return b"\xff\xfe" + "".join(line + "\r\n" for line in lines).encode("utf-16-le")
 
 
@@ -29,19 +26,14 @@ SHIPPED = {"Puffino.exe", "README.txt", "LICENSE.txt", "assets/penguin/idle.png"
            "assets/penguin/yatta.png", "assets/penguin/hurray.png", "Fonts/MPLUSRounded1c-Regular.ttf",
            "Fonts/MPLUSRounded1c-Black.ttf", "Fonts/OFL.txt"}
 
-# What a toddler's hands find on a keyboard: (keys, the key looked for
-# behind Puffino, whether it gets there). The Windows key never reaches the
-# key state once swallowed, so the Tab after it passes as a plain Tab.
-# Print Screen, Escape and plain letters are harmless and pass.
-SHORTCUTS = [
-    ("super", "super", False), ("super+d", "super", False), ("super+l", "super", False),
-    ("super+Tab", "super", False), ("Menu", "Menu", False), ("ctrl+shift+Escape", "Escape", False),
-    ("ctrl+shift+q", "q", False), ("ctrl+shift+n", "n", False), ("ctrl+Escape", "Escape", False),
-    ("alt+Tab", "Tab", False), ("alt+shift+Tab", "Tab", False), ("alt+Escape", "Escape", False),
-    ("alt+space", "space", False), ("alt+Return", "Return", False), ("alt+F1", "F1", False),
-    ("alt+x", "x", False), ("alt+7", "7", False), ("Print", "Print", True), ("alt+Print", "Print", True),
-    ("ctrl+w", "w", True), ("F1", "F1", True), ("Escape", "Escape", True), ("q", "q", True),
-]
+# What a toddler's hands find on a keyboard, by whether they get past
+# Puffino (looked for behind it: the Windows key of a Windows-key shortcut,
+# else the last key). The Windows key never reaches the key state once
+# swallowed, so the Tab after it passes as a plain Tab. Print Screen, Escape
+# and plain letters are harmless and pass.
+SHORTCUTS = {False: "super super+d super+l super+Tab Menu ctrl+shift+Escape ctrl+shift+q ctrl+shift+n ctrl+Escape"
+                    " alt+Tab alt+shift+Tab alt+Escape alt+space alt+Return alt+F1 alt+x alt+7".split(),
+             True: "Print alt+Print ctrl+w F1 Escape q".split()}
 
 EVERYTHING = ["the finish button", "the finish label's text", "the penguin's pictures"]
 # Puffino copied without some of what ships beside it, or beside pose
@@ -58,8 +50,7 @@ TWO_MONITORS = {
         step.expect_windows(HOME, OTHER, home=HOME),
         step.tap_penguin(),
         step.expect_file("config.ini", DEFAULT_CONFIG), step.expect_file("high_score.txt", None),
-        step.expect_screen(shows=["the finish button", "the finish label's text", "the penguin's pictures",
-                                  "the penguin standing"]),  # above the button
+        step.expect_screen(shows=[*EVERYTHING, "the penguin standing"]),  # above the button
         step.blow_for_a_second(),
         step.pop_bubble(burst=True), step.expect_file("high_score.txt", BEST),
         step.expect_no_network(),
@@ -144,14 +135,10 @@ TWO_MONITORS = {
         step.remember_file("high_score.txt"),
         step.finish_and_alt_f4_at_once(), step.expect_exit(0), step.expect_file("high_score.txt", "unchanged"),
     ],
-    "no application-data folder": [
-        step.damage(None, "deleted"), step.start(), step.pop_bubble(anywhere=True), step.end_through(HOME),
-        step.expect_file("config.ini", DEFAULT_CONFIG), step.expect_file("high_score.txt", BEST),
-    ],
-    "an unwritable application-data folder": [
-        step.damage(None, "read-only"), step.start(), step.pop_bubble(anywhere=True), step.end_through(HOME),
-        step.expect_file("config.ini", None),
-    ],
+    **{name: [step.damage(None, how), step.start(), step.pop_bubble(anywhere=True), step.end_through(HOME),
+              step.expect_file("config.ini", config), step.expect_file("high_score.txt", best)]
+       for name, how, config, best in (("no application-data folder", "deleted", DEFAULT_CONFIG, BEST),
+                                       ("an unwritable application-data folder", "read-only", None, None))},
     "install, play and uninstall": [
         step.install(), step.expect_installed(SHIPPED),
         step.start(program="installed", learn=False), step.end_through(HOME),

@@ -1,5 +1,4 @@
-"""The scenario tables played with the real Puffino.exe under Wine: one Wine
-session per monitor layout, one test per scenario."""
+"""The scenario tables played by Puffino.exe under Wine: a session per monitor layout, a test per scenario."""
 
 import re
 import unittest

@@ -1,6 +1,5 @@
-/* A stand-in for libXinerama.so.1 that reports the monitors named in the
- * environment variable PUFFINO_FAKE_HEADS, so that Wine under Xvfb sees the
- * monitor layout a test chooses: WIDTHxHEIGHT+X+Y in X screen coordinates,
+/* A stand-in for libXinerama.so.1 that reports to Wine under Xvfb the
+ * monitors in PUFFINO_FAKE_HEADS: WIDTHxHEIGHT+X+Y in X screen coordinates,
  * separated by commas, the primary first. Wine asks only while XRandR is
  * off. */
 #include <stdio.h>
@@ -35,19 +34,6 @@ int XineramaQueryExtension(Display *display, int *eventBase, int *errorBase) {
     (void)display;
     *eventBase = *errorBase = 0;
     return 1;
-}
-
-int XineramaQueryVersion(Display *display, int *major, int *minor) {
-    (void)display;
-    *major = *minor = 1;
-    return 1;
-}
-
-int XineramaIsActive(Display *display) {
-    int count;
-    (void)display;
-    free(ReadHeads(&count));
-    return count > 0;
 }
 
 XineramaScreenInfo *XineramaQueryScreens(Display *display, int *number) {

@@ -1,17 +1,11 @@
 // The tests' eyes and hands inside a Wine session, printing JSON (numbers
-// in decimal):
-//   probe windows                 every top-level "PuffinoWindow"
-//   probe post HWND MSG WP LP     PostMessageW
-//   probe notopmost HWND          out of the topmost band; the styles then
-//   probe resources PID           the process's memory and live GDI objects
-//   probe dpichanged HWND DPI L T R B    WM_DPICHANGED, that rectangle suggested
-//   probe post-on-capture HWND MSG WP LP prints "waiting", then posts the
-//                                 message once the window's thread takes the
-//                                 mouse capture (handling a press)
-//   probe watch-keys              "ready", then every key event that reaches
-//                                 its low-level hook ("down 65", "up 65");
-//                                 started before Puffino, the hook sits behind
-//                                 the keyboard guard and sees what it passes
+// in decimal): windows (every top-level "PuffinoWindow"), post HWND MSG WP LP,
+// notopmost HWND (the styles right after), resources PID (memory and live GDI
+// objects), dpichanged HWND DPI L T R B (that rectangle suggested),
+// post-on-capture HWND MSG WP LP ("waiting", then posts once the window's
+// thread takes the mouse capture, handling a press), watch-keys ("ready",
+// then "down 65", "up 65"... for every key that reaches its low-level hook:
+// started before Puffino, it sits behind the keyboard guard).
 #include <windows.h>
 #include <psapi.h>
 #include <winternl.h>
@@ -23,36 +17,30 @@
 
 namespace {
 
-BOOL CALLBACK ListWindow(HWND hwnd, LPARAM data) {
-    auto& found = *reinterpret_cast<std::vector<std::string>*>(data);
+BOOL CALLBACK ListWindow(HWND hwnd, LPARAM listed) {
     wchar_t className[128] = {};
     GetClassNameW(hwnd, className, 128);
     if (std::wcscmp(className, L"PuffinoWindow") != 0) return TRUE;
-    wchar_t title[128] = {};
-    char utf8[512] = {};  // Puffino's title holds no quote or backslash
-    GetWindowTextW(hwnd, title, 128);
-    WideCharToMultiByte(CP_UTF8, 0, title, -1, utf8, sizeof utf8, nullptr, nullptr);
+    char title[128] = {};  // Puffino's title holds no quote or backslash
+    GetWindowTextA(hwnd, title, 128);
     RECT rect{};
     GetWindowRect(hwnd, &rect);
     DWORD pid = 0;
     GetWindowThreadProcessId(hwnd, &pid);
-    char buffer[512];
-    std::snprintf(buffer, sizeof buffer,
-                  "{\"hwnd\": %llu, \"pid\": %lu, \"title\": \"%s\", \"style\": %lu, \"exstyle\": %lu, "
-                  "\"rect\": [%ld, %ld, %ld, %ld], \"visible\": %s, \"foreground\": %s}",
-                  static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(hwnd)), pid,
-                  utf8, static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_STYLE)),
-                  static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)), rect.left, rect.top, rect.right,
-                  rect.bottom, IsWindowVisible(hwnd) ? "true" : "false", GetForegroundWindow() == hwnd ? "true" : "false");
-    found.push_back(buffer);
+    std::printf("%s{\"hwnd\": %llu, \"pid\": %lu, \"title\": \"%s\", \"style\": %lu, \"exstyle\": %lu, "
+                "\"rect\": [%ld, %ld, %ld, %ld], \"visible\": %s, \"foreground\": %s}",
+                (*reinterpret_cast<int*>(listed))++ ? ",\n " : "",
+                static_cast<unsigned long long>(reinterpret_cast<uintptr_t>(hwnd)), pid, title,
+                static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_STYLE)),
+                static_cast<unsigned long>(GetWindowLongW(hwnd, GWL_EXSTYLE)), rect.left, rect.top, rect.right,
+                rect.bottom, IsWindowVisible(hwnd) ? "true" : "false", GetForegroundWindow() == hwnd ? "true" : "false");
     return TRUE;
 }
 
 int Windows() {
-    std::vector<std::string> found;
-    EnumWindows(ListWindow, reinterpret_cast<LPARAM>(&found));
+    int listed = 0;
     std::printf("[");
-    for (size_t i = 0; i < found.size(); ++i) std::printf("%s%s", i ? ",\n " : "", found[i].c_str());
+    EnumWindows(ListWindow, reinterpret_cast<LPARAM>(&listed));
     std::printf("]\n");
     return 0;
 }
@@ -68,8 +56,7 @@ BOOL PostArgs(HWND hwnd, wchar_t** argv) {
                         static_cast<LPARAM>(std::wcstoll(argv[5], nullptr, 10)));
 }
 
-int Post(wchar_t** argv) {
-    const BOOL ok = PostArgs(HandleArg(argv[2]), argv);
+int Report(BOOL ok) {
     std::printf("{\"posted\": %s}\n", ok ? "true" : "false");
     return ok ? 0 : 3;
 }
@@ -88,8 +75,6 @@ int NotTopmost(wchar_t** argv) {
 // on x64): 0x10000 entries of 24 bytes, one in use has a non-zero type byte
 // (offset 12). Stock objects count too: a constant share.
 long GdiObjects(HANDLE process) {
-    const DWORD reported = GetGuiResources(process, GR_GDIOBJECTS);
-    if (reported != 0) return static_cast<long>(reported);
     PROCESS_BASIC_INFORMATION basic{};
     if (NtQueryInformationProcess(process, ProcessBasicInformation, &basic, sizeof basic, nullptr) != 0) return -1;
     uintptr_t table = 0;
@@ -134,8 +119,7 @@ int DpiChanged(wchar_t** argv) {
     const BOOL ok = remote && WriteProcessMemory(process, remote, &suggested, sizeof suggested, nullptr) &&
                     PostMessageW(hwnd, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(remote));
     if (process) CloseHandle(process);
-    std::printf("{\"posted\": %s}\n", ok ? "true" : "false");
-    return ok ? 0 : 3;
+    return Report(ok);
 }
 
 int PostOnCapture(wchar_t** argv) {
@@ -150,9 +134,7 @@ int PostOnCapture(wchar_t** argv) {
         if (GetTickCount() - start > 30000) return 4;
         Sleep(1);
     }
-    const BOOL ok = PostArgs(hwnd, argv);
-    std::printf("{\"posted\": %s, \"waited\": %lu}\n", ok ? "true" : "false", GetTickCount() - start);
-    return ok ? 0 : 3;
+    return Report(PostArgs(hwnd, argv));
 }
 
 HHOOK g_hook = nullptr;
@@ -183,7 +165,7 @@ int wmain(int argc, wchar_t** argv) {
     SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
     const std::wstring command = argc > 1 ? argv[1] : L"";
     if (command == L"windows") return Windows();
-    if (command == L"post" && argc == 6) return Post(argv);
+    if (command == L"post" && argc == 6) return Report(PostArgs(HandleArg(argv[2]), argv));
     if (command == L"notopmost" && argc == 3) return NotTopmost(argv);
     if (command == L"resources" && argc == 3) return Resources(argv);
     if (command == L"dpichanged" && argc == 8) return DpiChanged(argv);

@@ -1,10 +1,7 @@
 """Puffino played as a person plays it, in the words of the scenario tables
-(lists of rows `step.<what is done or seen>(...)`): start it, click, hold
-the penguin, press keys, damage a file; see the windows, the screen, the
-files, the sounds, the exit code. PuffinoSession knows the X screen and the
-files; a platform's subclass (WinePuffino) starts the program and answers
-for its windows, sounds and keys, and for its own ways to change the
-display, copy the program and install it."""
+(rows `step.<what is done or seen>(...)`). PuffinoSession knows the X screen
+and the files; a platform's subclass (WinePuffino) starts the program and
+answers for its windows, sounds and keys."""
 
 import re
 import shutil
@@ -41,8 +38,7 @@ class PuffinoSession:
         self.process = self.sight = None
         self.remembered, self.undo, self.watched, self.first_seen = {}, [], {}, {}
 
-    def run_scenario(self, name, steps):
-        """Plays the rows in order; a failure names its row."""
+    def run_scenario(self, name, steps):  # a failure names its row
         self.name = name
         try:
             for number, (what, args, kwargs) in enumerate(steps, 1):
@@ -50,8 +46,7 @@ class PuffinoSession:
                     getattr(self, what)(*args, **kwargs)
                 except AssertionError as failure:
                     self.keep(self.grab(), "failed")
-                    shown = ", ".join([*map(repr, args), *(f"{k}={v!r}" for k, v in kwargs.items())])
-                    raise AssertionError(f"step {number}, {what}({shown}): {failure}") from None
+                    raise AssertionError(f"step {number}, {what}{args}{kwargs or ''}: {failure}") from None
         finally:  # end what runs, undo the damage, forget the profile
             self.release()
             self.watched = {}
@@ -63,8 +58,7 @@ class PuffinoSession:
             self.profile().parents[3].mkdir(exist_ok=True)
             shutil.rmtree(self.profile().parents[2], ignore_errors=True)
 
-    def wait_for(self, condition, what, timeout=30.0):
-        """Polls condition() until it is true; the timeout only bounds a failure."""
+    def wait_for(self, condition, what, timeout=30.0):  # the timeout only bounds a failure
         deadline = time.monotonic() + timeout
         while not (value := condition()):
             check(time.monotonic() < deadline, f"timed out after {timeout} s waiting for {what}")
@@ -99,12 +93,10 @@ class PuffinoSession:
     def home(self):
         return next(w for w in self.windows() if w["foreground"])
 
-    def heard(self, kind=None):
-        """The sounds ("chirp" or "pop") played since the start."""
+    def heard(self, kind=None):  # "chirp" or "pop", since the start
         return [s for s in self.sounds()[self.sounds_before:] if kind in (None, s["kind"])]
 
     def start(self, launch_monitor=None, program=None, learn=True, **platform):
-        """Starts Puffino; once every window shows a frame, learns the landscapes."""
         self.sounds_before, self.sight = len(self.sounds()), None
         self.process = self.start_program(launch_monitor, program, **platform)
         self.started = self.wait_for(lambda: self.painted(len(self.screens)), "every Puffino window painted")
@@ -113,22 +105,19 @@ class PuffinoSession:
             self.sight = Sight((self.width, self.height), self.screens, () if launch_monitor else hidden)
             self.sight.learn(self.grab(), self.paintings)
 
-    def painted(self, number):
-        """The windows once that many show more than black near their corner."""
+    def painted(self, number):  # the windows, once that many show more than black near their corner
         found = self.windows()
         left = min((w["rect"][0] for w in found), default=0)
         return found if len(found) == number and all(
             w["visible"] and self.grabber.pixel(w["rect"][0] - left + 10, w["rect"][1] + 5) != (0, 0, 0)
             for w in found) else None
 
-    def launch_and_expect(self, code, launch_monitor=None):
-        """Another launch ends at once with that code, leaving the windows as they were."""
+    def launch_and_expect(self, code, launch_monitor=None):  # at once, the windows left as they were
         before = sorted(w["id"] for w in self.windows())
-        same(self.run_to_end(launch_monitor), code, "exit code")
+        same(self.exit_code(self.start_program(launch_monitor)), code, "exit code")
         same(sorted(w["id"] for w in self.windows()), before, "windows after the launch")
 
-    def end_through(self, window):
-        """Closes the window on that monitor as a parent's tool would."""
+    def end_through(self, window):  # as a parent's tool closes it
         self.close_window(next(w for w in self.windows() if w["rect"] == list(window)))
         self.expect_exit(0)
 
@@ -136,8 +125,7 @@ class PuffinoSession:
         same(self.exit_code(), code, "exit code")
         same(self.windows(), [], "windows")
 
-    def expect_playing(self, within=0):
-        """Still running, the start's windows in place, shown and topmost (within that long)."""
+    def expect_playing(self, within=0):  # the start's windows in place, shown and topmost (within that long)
         self.wait_for(lambda: all(w["topmost"] for w in self.windows()), "every window topmost", within)
         check(self.process.poll() is None, f"play ended with {self.process.returncode}")
         now = self.windows()
@@ -147,32 +135,27 @@ class PuffinoSession:
     def expect_windows(self, *rects, home):
         found = self.windows()
         same(sorted(w["rect"] for w in found), sorted(map(list, rects)), "window rectangles")
-        for w in found:
-            same((w["title"], w["plain"], w["topmost"]), ("Puffino", True, True), "title, tool window, topmost")
+        same({(w["title"], w["plain"], w["topmost"]) for w in found}, {("Puffino", True, True)}, "title, look")
         self.wait_for(lambda: [w["rect"] for w in self.windows() if w["foreground"]] == [list(home)],
                       f"the home window {home} in front")
 
-    def on_home(self, box):
-        """A box of the home monitor in X screen coordinates."""
+    def on_home(self, box):  # in X screen coordinates
         left, top = self.screens[0][:2]
         return box[0] + left, box[1] + top, box[2] + left, box[3] + top
 
-    def expect_labels(self, scale=1.0):
-        """Every label's text in its own colour at its place for that scale."""
+    def expect_labels(self, scale=1.0):  # every label's text at its place for that scale
         frame = self.grab()
         self.keep(frame, f"labels-{scale}")
         for name, box, corner, colour, least in LABELS:
             ink = count(frame, self.on_home(scaled(box, corner, scale)), colour)
             check(ink > least * scale * scale, f"{name}: {ink} pixels of its ink")
 
-    def expect_screen(self, shows=(), hides=(), within=30):
-        """A frame that shows all those looks (screen.LOOKS) and none of the hidden ones."""
+    def expect_screen(self, shows=(), hides=(), within=30):  # a frame with all those looks, none of the hidden
         frame = self.frame_where(lambda f: all(LOOKS[look](f, self.sight) for look in shows), shows, within)
         self.keep(frame, " ".join(shows)[:60])
         same([look for look in hides if LOOKS[look](frame, self.sight)], [], "looks that should not show")
 
-    def expect_moving(self, box):
-        """Grabs of the box a few frame ticks apart differ."""
+    def expect_moving(self, box):  # grabs a few frame ticks apart differ
         def moved():
             first = self.grabber.grab(box)[1]
             time.sleep(0.2)
@@ -212,8 +195,7 @@ class PuffinoSession:
                     raise
         raise AssertionError("three presses on the penguin each met a bubble")
 
-    def release(self, held_for=0.0):
-        """Lets go of the mouse button, held that long since the press."""
+    def release(self, held_for=0.0):  # held that long since the press
         time.sleep(max(0.0, getattr(self, "pressed", 0) + held_for - time.monotonic()))
         self.xdotool("mouseup", 1)
 
@@ -269,15 +251,14 @@ class PuffinoSession:
         x, y = point
         bursting = lambda f: len([b for b in self.sight.blobs(f, (x - 110, y - 140, x + 110, y + 110))  # noqa: E731
                                   if b.width <= 16 and b.height <= 16]) >= 3 and not [
-            b for b in self.sight.bubbles(f, (x - 80, y - 220, x + 80, y + 60)) if abs(b.width - bubble.width) <= 4]
+            b for b in self.sight.blobs(f, (x - 80, y - 220, x + 80, y + 60), 3) if b.one_bubble()
+            and abs(b.width - bubble.width) <= 4]
         self.keep(self.frame_where(bursting, "the burst", 15)[y - 150:y + 150, x - 150:x + 150], "burst")
         self.frame_where(lambda f: not self.sight.differing(f, (x - 60, y - 60, x + 60, y + 60)).any(),
                          "the landscape back where the bubble burst", 15)
 
-    def pop_until_record(self):
-        """Pops until the best score on disk changes: a hop after it, none before, then a laugh."""
-        best = self.profile() / "high_score.txt"
-        old = best.read_bytes()
+    def pop_until_record(self):  # on disk: a hop after it, none before, then a laugh
+        old = (best := self.profile() / "high_score.txt").read_bytes()
         hops, laughs = self.watch("the penguin hopping", "the penguin laughing")
         for _ in range(4):
             unbeaten = time.monotonic()
@@ -290,8 +271,7 @@ class PuffinoSession:
         self.keep(self.first_seen["the penguin hopping"][550:1080, 1500:1920], "hop")
         self.wait_for(lambda: laughs, "the penguin laughing", 10)
 
-    def pop_until_praise(self):
-        """Pops until the instruction goes at ten points, with a praise word (that repaint or the next)."""
+    def pop_until_praise(self):  # ten points: the instruction gone, a praise word that repaint or the next
         gone, praised = self.watch("the instruction gone", "a praise word")
         for _ in range(14):
             if gone:
@@ -301,8 +281,7 @@ class PuffinoSession:
         self.wait_for(lambda: [m for m in praised if m >= reached - 0.3], "a praise word", 5)
         self.keep(self.first_seen["a praise word"][250:650, 500:1420], "praise")
 
-    def flip_sound_button(self):
-        """The sound button's symbol changes at a press, and back at the next."""
+    def flip_sound_button(self):  # and back at the next press
         left, top, right, bottom = SOUND_SYMBOL
         before = self.grab()[top:bottom, left:right]
         self.click("sound button")
@@ -320,12 +299,13 @@ class PuffinoSession:
             self.xdotool("key", key)
 
     def press_shortcuts(self, table):
-        """Each (keys, key looked for, whether it gets past Puffino): play
-        stays in place and topmost, only keys that pass reach the system
-        behind it. A marker key (F12, which passes) closes each."""
+        """Each of table[whether they get past Puffino]: play stays in place
+        and topmost, only keys that pass reach the system behind it (the
+        Windows key, else the last key). A marker key (F12, which passes)
+        closes each."""
         self.press_keys()
-        for keys, key, passes in table:
-            before = len(self.keys_seen())
+        for passes, keys in ((passes, keys) for passes in table for keys in table[passes]):
+            before, key = len(self.keys_seen()), "super" if keys.startswith("super") else keys.split("+")[-1]
             self.xdotool("key", keys, "key", "F12")
             self.wait_for(lambda: ("down", "F12") in self.keys_seen()[before:], f"the marker after {keys}")
             same(("down", key) in self.keys_seen()[before:], passes, f"{key} passed at {keys}")
@@ -364,8 +344,7 @@ class PuffinoSession:
         path = self.profile() / name
         return path.read_bytes(), path.stat().st_mtime_ns, path.stat().st_mode
 
-    def expect_best_raised(self, least):
-        """The best score on disk at least that much above the remembered one."""
+    def expect_best_raised(self, least):  # above the remembered best
         old, new = int(self.remembered["high_score.txt"][0]), self.file_state("high_score.txt")[0]
         check(re.match(rb"^[1-9][0-9]*\r\n$", new) and int(new) >= old + least, f"best {new!r} after {old}")
 

@@ -1,12 +1,8 @@
 #!/usr/bin/env python3
 """Runs one Windows test program in a fresh Wine session; exits with its code.
-
-  run_in_wine.py [--heads WxH+X+Y,...] [--dpi N] [--install-font FILE]...
-                 [--replace-font NAME=FONT]... [--label NAME] PROGRAM [ARGS...]
-
---heads: the monitors in X screen coordinates, primary first; --install-font
-puts a font file into the Windows font folder; --replace-font makes the
-family NAME stand for the installed FONT."""
+--heads: the monitors (WxH+X+Y,...) in X screen coordinates, primary first;
+--install-font FILE goes into the Windows font folder; --replace-font
+NAME=FONT makes the family NAME stand for the installed FONT."""
 
 import argparse
 import sys

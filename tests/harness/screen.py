@@ -1,7 +1,5 @@
-"""Puffino's screen as a person sees it: quick grabs of the X screen, the
-places and colours of the home monitor's controls, what can be seen there
-(LOOKS), and the bubbles as what differs from the landscape a monitor
-ought to show."""
+"""Puffino's screen as a person sees it: quick grabs, the home monitor's
+controls, what can be seen (LOOKS), bubbles as what is not the landscape."""
 
 import ctypes
 import subprocess
@@ -11,9 +9,7 @@ from collections import namedtuple
 import numpy
 
 CONVERT = "/usr/bin/convert"  # the real ImageMagick, by full path
-# Two monitors side by side, in X screen coordinates: the 1920x1080 home
-# monitor (primary) and a 1280x1024 one to its right.
-HOME, OTHER = (0, 0, 1920, 1080), (1920, 0, 3200, 1024)
+OTHER = (1920, 0, 3200, 1024)  # a 1280x1024 monitor right of the 1920x1080 home one, in X screen coordinates
 # The home monitor's controls at 96 DPI, (left, top, right, bottom) with
 # right and bottom outside. The finish button is 300 x 84, 28 px from the
 # bottom-right corner; the penguin (240 px tall) stands above it.
@@ -35,15 +31,13 @@ LANDSCAPE_TOLERANCE = 2  # the gallery's painting and the screen differ a level 
 CELL = 2  # bubbles are found on a grid of 2 x 2 pixel cells
 
 
-def count(frame, box, colour, tolerance=0):
-    """How many pixels of the box show that colour."""
+def count(frame, box, colour, tolerance=0):  # pixels of the box in that colour
     left, top, right, bottom = box
     part = frame[top:bottom, left:right].astype(numpy.int16)
     return int((numpy.abs(part - colour).max(axis=2) <= tolerance).sum())
 
 
-def scaled(box, corner, scale, size=(1920, 1080)):
-    """The box at that scale: each distance to the monitor's corner grows."""
+def scaled(box, corner, scale, size=(1920, 1080)):  # each distance to the monitor's corner grown
     width, height = size
     left, top, right, bottom = (v * scale for v in box)
     if "right" in corner:
@@ -63,8 +57,7 @@ def penguin_pose(frame, penguin=PENGUIN):
     return "standing" if abs(x - middle) < 12 else "blowing" if x > middle + 20 else None
 
 
-def coloured(frame, sight, box, test):
-    """How many pixels of the box pass test(red, green, blue) and are no landscape."""
+def coloured(frame, sight, box, test):  # pixels of the box that pass test(red, green, blue), no landscape
     part = frame[box[1]:box[3], box[0]:box[2]].astype(int)
     return int((test(part[..., 0], part[..., 1], part[..., 2]) & sight.differing(frame, box)).sum())
 
@@ -93,28 +86,17 @@ LOOKS = {
 }
 
 
-class _XImage(ctypes.Structure):  # its head, up to the fields read
-    _fields_ = [*((name, ctypes.c_int) for name in ("width", "height", "xoffset", "format")),
-                ("data", ctypes.POINTER(ctypes.c_ubyte)),
-                *((name, ctypes.c_int) for name in ("byte_order", "bitmap_unit", "bitmap_bit_order",
-                                                    "bitmap_pad", "depth", "bytes_per_line"))]
-
-
 class Grabber:
     """The X screen (or a box of it) as an RGB array, read straight from the
     server in milliseconds, so that a moving bubble is where the grab says.
-    Xvfb at depth 24 hands out 32-bit BGRX pixels."""
+    Xvfb at depth 24 hands out 32-bit BGRX pixels, rows without padding."""
 
     def __init__(self, display, width, height):
         x11 = self.x11 = ctypes.CDLL("libX11.so.6")
-        x11.XOpenDisplay.restype = ctypes.c_void_p
-        x11.XDefaultRootWindow.restype = ctypes.c_ulong
-        x11.XDefaultRootWindow.argtypes = [ctypes.c_void_p]
-        x11.XGetImage.restype = ctypes.POINTER(_XImage)
+        x11.XOpenDisplay.restype = x11.XDefaultRootWindow.restype = x11.XGetImage.restype = ctypes.c_void_p
+        x11.XDefaultRootWindow.argtypes = x11.XFree.argtypes = x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
         x11.XGetImage.argtypes = [ctypes.c_void_p, ctypes.c_ulong, ctypes.c_int, ctypes.c_int,
                                   ctypes.c_uint, ctypes.c_uint, ctypes.c_ulong, ctypes.c_int]
-        x11.XFree.argtypes = [ctypes.c_void_p]
-        x11.XCloseDisplay.argtypes = [ctypes.c_void_p]
         self.display = x11.XOpenDisplay(display.encode())
         if not self.display:
             raise RuntimeError(f"cannot open X display {display}")
@@ -126,14 +108,12 @@ class Grabber:
         left, top, right, bottom = box or (0, 0, self.width, self.height)
         image = self.x11.XGetImage(self.display, self.root, left, top, right - left, bottom - top,
                                    0xFFFFFFFF, 2)  # AllPlanes, ZPixmap
-        taken = time.monotonic()
+        taken, pixels = time.monotonic(), ctypes.c_void_p.from_address(image + 16).value  # after four ints
         try:
-            x = image.contents
-            raw = ctypes.string_at(x.data, x.bytes_per_line * x.height)
-            bgrx = numpy.frombuffer(raw, numpy.uint8).reshape(x.height, x.bytes_per_line // 4, 4)
-            return taken, bgrx[:, :right - left, 2::-1].copy()
+            raw = ctypes.string_at(pixels, 4 * (right - left) * (bottom - top))
+            return taken, numpy.frombuffer(raw, numpy.uint8).reshape(bottom - top, right - left, 4)[..., 2::-1].copy()
         finally:
-            self.x11.XFree(image.contents.data)
+            self.x11.XFree(pixels)
             self.x11.XFree(image)
 
     def pixel(self, x, y):
@@ -154,16 +134,13 @@ def save_png(frame, path):
                    input=frame.tobytes(), check=True, timeout=60)
 
 
-class Blob(namedtuple("Blob", "left top right bottom pixels")):
-    """A patch that differs from the landscape: its pixel box and count."""
+class Blob(namedtuple("Blob", "left top right bottom pixels")):  # a patch that is not the landscape
     width = property(lambda self: self.right - self.left)
     height = property(lambda self: self.bottom - self.top)
     centre = property(lambda self: ((self.left + self.right) / 2, (self.top + self.bottom) / 2))
 
-    def one_bubble(self):
-        """The size and shape of one whole bubble: a filled disc in a square."""
-        low, high = BUBBLE_SPAN
-        return (low <= self.width <= high and abs(self.width - self.height) <= 4
+    def one_bubble(self):  # a filled disc in a square
+        return (BUBBLE_SPAN[0] <= self.width <= BUBBLE_SPAN[1] and abs(self.width - self.height) <= 4
                 and 0.65 <= self.pixels / (self.width * self.height) <= 0.85)
 
     def apart_from(self, other, gap):
@@ -176,19 +153,14 @@ class Sight:
     show; hidden rectangles (the penguin, the labels: no bubbles) are left out."""
 
     def __init__(self, size, monitors, hidden=()):
-        width, height = size
-        self.monitors = monitors
-        self.seen = numpy.zeros((height, width), bool)
-        for left, top, right, bottom in monitors:
-            self.seen[top:bottom, left:right] = True
-        for left, top, right, bottom in hidden:
-            self.seen[top:bottom, left:right] = False
-        self.landscape = numpy.zeros((height, width, 3), numpy.uint8)
+        self.monitors, self.seen = monitors, numpy.zeros(size[::-1], bool)
+        self.landscape = numpy.zeros((*size[::-1], 3), numpy.uint8)
+        for (left, top, right, bottom), seen in [*((m, True) for m in monitors), *((h, False) for h in hidden)]:
+            self.seen[top:bottom, left:right] = seen
 
     def learn(self, frame, paintings):
-        """For each monitor the landscape that matches the screen best (where
-        it is seen), of paintings(width, height) (theme -> picture); a monitor
-        that matches none closely fails."""
+        """For each monitor the best match where it is seen of paintings(width,
+        height) (theme -> picture); a monitor that matches none closely fails."""
         for left, top, right, bottom in self.monitors:
             shown = frame[top:bottom, left:right].astype(numpy.int16)
             seen = self.seen[top:bottom, left:right]
@@ -199,8 +171,7 @@ class Sight:
                 raise AssertionError(f"monitor at {left},{top} shows no landscape")
             self.landscape[top:bottom, left:right] = paintings(right - left, bottom - top)[best]
 
-    def differing(self, frame, box=None):
-        """Where the frame (or the box of it) is not the landscape."""
+    def differing(self, frame, box=None):  # where the frame (or the box of it) is not the landscape
         left, top, right, bottom = box or (0, 0, frame.shape[1], frame.shape[0])
         part = numpy.s_[max(top, 0):bottom, max(left, 0):right]
         distance = numpy.abs(frame[part].astype(numpy.int16) - self.landscape[part]).max(axis=2)
@@ -221,26 +192,22 @@ class Sight:
             for dx in range(-join, join + 1):
                 grown[max(dy, 0):rows + min(dy, 0), max(dx, 0):columns + min(dx, 0)] |= \
                     cells[max(-dy, 0):rows + min(-dy, 0), max(-dx, 0):columns + min(-dx, 0)]
-        labels = numpy.zeros(grown.shape, numpy.int32)
-        found = []
+        found, taken = [], ~grown
         for start in zip(*numpy.nonzero(cells)):
-            if labels[start]:
-                continue
-            labels[start] = len(found) + 1
-            stack, members = [start], []
+            stack, members = [start] if not taken[start] else [], []
+            taken[start] = True
             while stack:
                 y, x = stack.pop()
                 if cells[y, x]:
                     members.append((y, x))
                 for ny in (y - 1, y, y + 1):
                     for nx in (x - 1, x, x + 1):
-                        if 0 <= ny < rows and 0 <= nx < columns and grown[ny, nx] and not labels[ny, nx]:
-                            labels[ny, nx] = labels[start]
+                        if 0 <= ny < rows and 0 <= nx < columns and not taken[ny, nx]:
+                            taken[ny, nx] = True
                             stack.append((ny, nx))
+            if not members:
+                continue
             ys, xs = zip(*members)
             y0, x0, y1, x1 = min(ys) * CELL, min(xs) * CELL, (max(ys) + 1) * CELL, (max(xs) + 1) * CELL
             found.append(Blob(left + x0, top + y0, left + x1, top + y1, int(mask[y0:y1, x0:x1].sum())))
         return found
-
-    def bubbles(self, frame, box=None):
-        return [b for b in self.blobs(frame, box, join=3) if b.one_bubble()]

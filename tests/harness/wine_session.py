@@ -1,7 +1,5 @@
-"""A private Wine world (WineSession): a copy of the prepared prefix, an Xvfb
-server sized to the monitors, the stand-in libXinerama.so.1 that reports them
-to Wine, a persistent wineserver. Puffino.exe played in it by the scenario
-steps (WinePuffino), through probe.exe and sound captured to files."""
+"""A private Wine world (WineSession): a copy of the prepared prefix, an Xvfb whose monitors
+the stand-in libXinerama.so.1 reports; WinePuffino plays Puffino.exe in it through probe.exe."""
 
 import array
 import contextlib
@@ -49,13 +47,11 @@ def wine_environment(prefix, display=None, heads=()):
     return env
 
 
-def windows_path(path):
-    """A Unix path as Wine programs see it (drive Z: is the root)."""
+def windows_path(path):  # drive Z: is the root
     return "Z:" + str(Path(path).resolve()).replace("/", "\\")
 
 
-def start_xvfb(width, height):
-    """An X server of its own, on a display number it picks: (process, display)."""
+def start_xvfb(width, height):  # on a display number it picks: (process, display)
     read_end, write_end = os.pipe()
     process = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24",
                                 "-nolisten", "tcp", "-extension", "RANDR", "-noreset"], pass_fds=[write_end],
@@ -65,34 +61,20 @@ def start_xvfb(width, height):
         return process, ":" + pipe.readline().strip()
 
 
-def stop(process):
-    process.terminate()
-    with contextlib.suppress(subprocess.TimeoutExpired):
-        process.wait(timeout=10)
-    process.kill()
-
-
-def prepare_template():
-    """Boots the prefix that every session of a test run copies."""
+def prepare_template():  # the prefix that every session of a test run copies
     shutil.rmtree(TEMPLATE, ignore_errors=True)
     TEMPLATE.parent.mkdir(parents=True, exist_ok=True)
     xvfb, display = start_xvfb(1024, 768)
     try:
-        env, quiet = wine_environment(TEMPLATE, display), {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
-        subprocess.run(["wineboot", "-i"], env=env, check=True, timeout=300, **quiet)
-        # Wine asks Xinerama (our stand-in) only while XRandR is off; an
-        # unmanaged window sits where Windows would put it, and its hiding
-        # waits for no window manager (two seconds each).
-        for name in ("UseXRandR", "Managed"):
-            subprocess.run(["wine", "reg", "add", r"HKCU\Software\Wine\X11 Driver", "/v", name, "/d", "N", "/f"],
-                           env=env, check=True, timeout=120, **quiet)
+        env = wine_environment(TEMPLATE, display)
+        subprocess.run(["wineboot", "-i"], env=env, check=True, timeout=300, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL)
         subprocess.run(["wineserver", "-w"], env=env, timeout=120)  # the registry reaches the disk
     finally:
-        stop(xvfb)
+        xvfb.kill()
 
 
-def reg_string(text):
-    """The registry files spell every non-ASCII character \\xNNNN."""
+def reg_string(text):  # the registry files spell every non-ASCII character \\xNNNN
     return "".join(c if 32 <= ord(c) < 127 and c not in '"\\' else f"\\x{ord(c):04x}" for c in text)
 
 
@@ -104,7 +86,7 @@ class WineSession:
         self.label, self.heads, self.dpi, self.sound_capture = label, tuple(heads), dpi, sound_capture
         self.font_replacements, self.fonts = dict(font_replacements or {}), fonts
         self.artifacts = Path(artifacts) if artifacts else BUILD / "test-artifacts" / label
-        self.processes, self.env, self.xvfb, self.root, self.grabber = [], None, None, None, None
+        self.processes, self.env, self.root, self.grabber = [], None, None, None
 
     def __enter__(self):
         try:
@@ -122,22 +104,24 @@ class WineSession:
         self.root = Path(tempfile.mkdtemp(prefix=self.label + "-", dir=BUILD / "wine" / "sessions"))
         self.prefix = self.root / "prefix"
         subprocess.run(["cp", "-a", "--reflink=auto", str(TEMPLATE), str(self.prefix)], check=True)
-        keys = {}
-        if self.dpi:  # GetDpiForWindow then gives it on every monitor
-            keys["Control Panel\\\\Desktop"] = [f'"LogPixels"=dword:{self.dpi:08x}']
-        if self.font_replacements:  # each family name stands for an installed font
-            keys["Software\\\\Wine\\\\Fonts\\\\Replacements"] = [
-                f'"{reg_string(name)}"="{reg_string(font)}"' for name, font in self.font_replacements.items()]
-        if self.sound_capture:
-            keys["Software\\\\Wine\\\\Drivers"] = ['"Audio"="alsa"']
+        # Wine asks Xinerama (our stand-in) only while XRandR is off; an
+        # unmanaged window sits where Windows would put it, and its hiding
+        # waits for no window manager (two seconds each).
+        keys = {"Software\\\\Wine\\\\X11 Driver": ['"UseXRandR"="N"', '"Managed"="N"'],
+                "Control Panel\\\\Desktop": [f'"LogPixels"=dword:{self.dpi:08x}'] if self.dpi else [],  # everywhere
+                "Software\\\\Wine\\\\Fonts\\\\Replacements": [  # family name = installed font
+                    f'"{reg_string(name)}"="{reg_string(font)}"' for name, font in self.font_replacements.items()],
+                "Software\\\\Wine\\\\Drivers": ['"Audio"="alsa"'] if self.sound_capture else []}
         with open(self.prefix / "user.reg", "a", encoding="ascii") as reg:
-            reg.write("".join(f"\n[{key}] 1700000000\n" + "\n".join(values) + "\n" for key, values in keys.items()))
+            for key, lines in keys.items():
+                reg.write(f"\n[{key}] 1700000000\n" + "".join(line + "\n" for line in lines) if lines else "")
         for font in self.fonts:  # Wine loads every font file in the Windows font folder
             shutil.copy(font, self.prefix / "drive_c" / "windows" / "Fonts")
         self.screens = [(int(x), int(y), int(x) + int(w), int(y) + int(h))
                         for w, h, x, y in (head.replace("x", "+").split("+") for head in self.heads)]
         self.width, self.height = max(r[2] for r in self.screens), max(r[3] for r in self.screens)
-        self.xvfb, self.x_display = start_xvfb(self.width, self.height)
+        xvfb, self.x_display = start_xvfb(self.width, self.height)
+        self.processes.append(xvfb)  # the last to end
         self.x_env = {**os.environ, "DISPLAY": self.x_display}
         self.env = wine_environment(self.prefix, self.x_display, self.heads)
         if self.sound_capture:
@@ -155,30 +139,23 @@ class WineSession:
     def __exit__(self, *exc):
         if self.grabber:
             self.grabber.close()
-        for process in self.processes:
-            process.kill()
         if self.env:
             subprocess.run(["wineserver", "-k"], env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             subprocess.run(["wineserver", "-w"], env=self.env, timeout=60)
-        for process in self.processes:
-            with contextlib.suppress(subprocess.TimeoutExpired):
-                process.wait(timeout=10)
-        if self.xvfb:
-            stop(self.xvfb)
+        for process in reversed(self.processes):
+            process.kill()
+            process.wait()
         if self.root:
             shutil.rmtree(self.root, ignore_errors=True)
 
-    def user_folder(self):
-        """The Windows user's folder (Wine names it after the Unix user)."""
+    def user_folder(self):  # Wine names it after the Unix user
         return next(p for p in (self.prefix / "drive_c" / "users").iterdir() if p.name != "Public")
 
     def app_data(self):
-        """Puffino's folder in the roaming AppData (made on the first start)."""
         return self.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
 
     def launch(self, exe=PUFFINO_EXE, *args, env=None, out=subprocess.DEVNULL):
-        """Starts a Windows program and returns at once."""
-        process = subprocess.Popen(["wine", str(exe), *args], env={**self.env, **(env or {})}, stdout=out,
+        process = subprocess.Popen(["wine", str(exe), *map(str, args)], env={**self.env, **(env or {})}, stdout=out,
                                    stderr=subprocess.DEVNULL)
         self.processes.append(process)
         return process
@@ -197,7 +174,6 @@ class WineSession:
         return json.loads(out)
 
     def windows(self):
-        """Puffino's windows as the system lists them."""
         found = self.probe("windows")
         for w in found:
             w.update(id=w["hwnd"], topmost=bool(w["exstyle"] & WS_EX_TOPMOST), plain=bool(
@@ -211,13 +187,11 @@ class WineSession:
         try:
             return process.wait(timeout=timeout)
         except subprocess.TimeoutExpired:
-            process.kill()
             raise AssertionError("Puffino did not end") from None
 
     def screenshot(self, name):
-        """The X screen now, kept as name.png in the artifacts: its path."""
-        save_png(self.grabber.grab()[1], self.artifacts / f"{name}.png")
-        return self.artifacts / f"{name}.png"
+        save_png(self.grabber.grab()[1], path := self.artifacts / f"{name}.png")
+        return path
 
 
 class WinePuffino(WineSession, PuffinoSession):
@@ -231,40 +205,30 @@ class WinePuffino(WineSession, PuffinoSession):
     def start_program(self, launch_monitor=None, program=None, sound_device=True):
         """sound_device False: every audio driver off (the device enumerator
         cannot even be made); "none": a driver that finds no playback device."""
-        env = self.launch_env(launch_monitor)
+        env = {"TONKARI_LAUNCH_MONITOR": ",".join(map(str, launch_monitor))} if launch_monitor else {}
         if sound_device is False:
             env["WINEDLLOVERRIDES"] = self.env["WINEDLLOVERRIDES"] + ";winealsa.drv,winepulse.drv,wineoss.drv=d"
         elif sound_device == "none":
             env["ALSA_CONFIG_PATH"] = "/usr/share/alsa/alsa.conf"
         return self.launch(self.programs.get(program, PUFFINO_EXE), env=env)
 
-    def run_to_end(self, launch_monitor=None):
-        return self.run(PUFFINO_EXE, env=self.launch_env(launch_monitor), timeout=30)[0]
-
-    @staticmethod
-    def launch_env(monitor):
-        return {"TONKARI_LAUNCH_MONITOR": ",".join(map(str, monitor))} if monitor else {}
-
     def close_window(self, window):
         self.post(window, WM_CLOSE)
 
-    def exit_code(self):
-        return self.wait_exit(self.process)
+    def exit_code(self, process=None):
+        return self.wait_exit(process or self.process)
 
     profile = WineSession.app_data
 
     @contextlib.contextmanager
-    def held_still(self):
-        """Puffino stopped (SIGSTOP): no tick moves anything, and input sent
-        meanwhile is handled before the next tick."""
+    def held_still(self):  # stopped: no tick moves anything; input sent meanwhile is handled before the next tick
         os.kill(self.process.pid, signal.SIGSTOP)
         try:
             yield
         finally:
             os.kill(self.process.pid, signal.SIGCONT)
 
-    def paintings(self, width, height):
-        """Theme -> picture of each landscape at that size, painted by the gallery once a session."""
+    def paintings(self, width, height):  # theme -> landscape at that size, from the gallery, once a session
         if not self.galleries:
             (self.root / "gallery").mkdir(exist_ok=True)
             code, _, err = self.run(TOOLS / "scenery_gallery.exe", windows_path(self.root / "gallery"))
@@ -274,21 +238,24 @@ class WinePuffino(WineSession, PuffinoSession):
                 self.galleries.setdefault(size, {})[theme] = read_png(path, *map(int, size.split("x")))
         return self.galleries[f"{width}x{height}"]
 
-    def sounds(self):
-        """The sounds played in order: the chirp (22050 Hz), or a pop (the
-        cheer of a praise cuts its pop off: either tells of it)."""
+    def sounds(self):  # in order: the chirp (22050 Hz), or a pop (or the praise's cheer that cuts it off)
         paths = sorted(self.sound_dir.glob("stream_*"), key=lambda p: p.stat().st_mtime_ns)
         return [{"kind": "chirp" if p.name.split("_")[1] == "22050" else "pop", "path": p} for p in paths]
 
     def samples(self, sound):
         return array.array("h", sound["path"].read_bytes())  # 16-bit mono, as named
 
-    def watch_keys(self):
-        """The key watcher, started before Puffino: its hook sits behind the guard."""
-        self.key_log = self.root / "keys.log"
-        with open(self.key_log, "wb") as out:
-            self.undo.append(self.launch(TOOLS / "probe.exe", "watch-keys", out=out).kill)
-        self.wait_for(lambda: self.key_log.read_text().startswith("ready"), "the key watcher's hook")
+    def probe_beside(self, first_word, *args):
+        """probe.exe running on beside Puffino, once it printed its first word: (process, its output file)."""
+        log = self.root / f"{args[0]}.log"
+        with open(log, "wb") as out:
+            process = self.launch(TOOLS / "probe.exe", *args, out=out)
+        self.wait_for(lambda: log.read_text().startswith(first_word), f"probe {args[0]} {first_word}")
+        return process, log
+
+    def watch_keys(self):  # started before Puffino, its hook sits behind the guard
+        watcher, self.key_log = self.probe_beside("ready", "watch-keys")
+        self.undo.append(watcher.kill)
 
     def keys_seen(self):
         words = self.key_log.read_text().split()[1:]
@@ -308,11 +275,7 @@ class WinePuffino(WineSession, PuffinoSession):
         if not while_pressing:
             self.post(home, *DISPLAY_CHANGE)
         else:
-            log = self.root / "waiter.log"
-            with open(log, "wb") as out:
-                waiter = self.launch(TOOLS / "probe.exe", "post-on-capture", str(home["hwnd"]),
-                                     *map(str, DISPLAY_CHANGE), out=out)
-            self.wait_for(lambda: log.read_text().startswith("waiting"), "the probe waiting for a press")
+            waiter = self.probe_beside("waiting", "post-on-capture", home["hwnd"], *DISPLAY_CHANGE)[0]
             self.hold_penguin(until=lambda: waiter.poll() is not None)
             same(waiter.returncode, 0, "the probe's exit code")
         ids = {w["id"] for w in old}
@@ -321,8 +284,7 @@ class WinePuffino(WineSession, PuffinoSession):
         if self.sight:
             self.sight.learn(self.grab(), self.paintings)  # new windows draw new landscapes
 
-    def change_dpi(self, dpi, rect):
-        """The home window's DPI changes and Windows suggests that rectangle."""
+    def change_dpi(self, dpi, rect):  # the home window's, Windows suggesting that rectangle
         home = self.home()
         self.probe("dpichanged", home["hwnd"], dpi, *rect)
         self.wait_for(lambda: [w["rect"] for w in self.windows() if w["id"] == home["id"]] == [list(rect)],
@@ -352,8 +314,7 @@ class WinePuffino(WineSession, PuffinoSession):
     def delete_fonts(self, program):
         shutil.rmtree(self.programs[program].parent / "Fonts")
 
-    def finish_and_alt_f4_at_once(self):
-        """The finish button and Alt+F4 (as the guard hands it on) at once."""
+    def finish_and_alt_f4_at_once(self):  # Alt+F4 as the guard hands it on
         home = self.home()
         with self.held_still():
             self.click("finish")
@@ -369,25 +330,24 @@ class WinePuffino(WineSession, PuffinoSession):
         return lambda: (subprocess.run(["chattr", "-i", str(path)], check=immutable), path.chmod(mode))
 
     def remember_disk(self):
-        self.disk = files_under(self.prefix)
+        self.disk = {p: (p.stat().st_size, p.stat().st_mtime_ns) for p in self.prefix.rglob("*")
+                     if p.is_file() and not p.is_symlink()}
 
-    def expect_nothing_written_outside_the_profile(self):
-        """Only the profile's files changed (Wine rewrites its registry itself)."""
-        after = files_under(self.prefix)
-        changed = {p for p in self.disk.keys() | after.keys() if self.disk.get(p) != after.get(p)
+    def expect_nothing_written_outside_the_profile(self):  # Wine rewrites its registry itself
+        before = self.disk
+        self.remember_disk()
+        changed = {p for p in before.keys() | self.disk.keys() if before.get(p) != self.disk.get(p)
                    and p.name not in ("system.reg", "user.reg", "userdef.reg", ".update-timestamp")}
         same(sorted(str(p) for p in changed if self.profile() not in p.parents), [], "files written outside")
 
-    def expect_no_network(self):
-        """No internet socket open (the Unix sockets to the wineserver are none)."""
+    def expect_no_network(self):  # the Unix sockets to the wineserver are no internet sockets
         inodes = {os.readlink(fd)[8:-1] for fd in Path(f"/proc/{self.process.pid}/fd").iterdir()
                   if os.readlink(fd).startswith("socket:[")}
         internet = {line.split()[9] for table in ("tcp", "tcp6", "udp", "udp6") if Path(f"/proc/net/{table}").exists()
                     for line in Path(f"/proc/net/{table}").read_text().splitlines()[1:]}
         same(inodes & internet, set(), "internet sockets")
 
-    def install(self):
-        """The installer, silent, for this user alone: it asks no elevation."""
+    def install(self):  # silent, for this user alone: it asks no elevation
         installer = DIST / f"Puffino-{VERSION}-win64-setup.exe"
         check(b'level="asInvoker"' in installer.read_bytes(), "the installer asks for elevation")
         same(self.run(installer, "/S", timeout=300)[0], 0, "the installer's exit code")
@@ -395,8 +355,7 @@ class WinePuffino(WineSession, PuffinoSession):
         self.shortcut = self.user_folder() / "AppData/Roaming/Microsoft/Windows/Start Menu/Programs/Puffino.lnk"
         self.programs["installed"] = self.installed / "Puffino.exe"
 
-    def expect_installed(self, files):
-        """The release's files, the uninstaller, a shortcut, the uninstall entry."""
+    def expect_installed(self, files):  # the release's files, the uninstaller, a shortcut, the uninstall entry
         same({p.relative_to(self.installed).as_posix() for p in self.installed.rglob("*") if p.is_file()},
              files | {"Uninstall.exe"}, "installed files")
         for name in files:
@@ -412,14 +371,7 @@ class WinePuffino(WineSession, PuffinoSession):
         values = (line.split(None, 2) for line in out.splitlines() if line.startswith("    "))
         return {v[0]: v[2] if len(v) > 2 else "" for v in values} if code == 0 else None
 
-    def uninstall(self):
-        """The uninstaller works from a copy of itself; its last step removes the entry."""
+    def uninstall(self):  # the uninstaller works from a copy of itself; its last step removes the entry
         same(self.run(self.uninstall_entry()["UninstallString"].strip('"'), "/S")[0], 0, "exit code")
         self.wait_for(lambda: not self.installed.exists() and not self.shortcut.exists()
                       and self.uninstall_entry() is None, "program, shortcut and entry gone", 60)
-
-
-def files_under(folder):
-    """Every file under the folder with its size and modification time."""
-    return {p: (p.stat().st_size, p.stat().st_mtime_ns) for p in Path(folder).rglob("*")
-            if p.is_file() and not p.is_symlink()}
