@@ -18,17 +18,11 @@ add_test(NAME wine.prefix COMMAND ${Python3_EXECUTABLE} ${HARNESS_DIR}/prepare_p
 set_tests_properties(wine.prefix PROPERTIES FIXTURES_SETUP wine_prefix LABELS wine
                      ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
 
-# puffino_wine_test(NAME [HEADS monitors] [DPI n] [INSTALL_FONTS file...]
-#                   [REPLACE_FONTS name=font...] COMMAND program args...)
+# puffino_wine_test(NAME [INSTALL_FONTS file...] [REPLACE_FONTS name=font...]
+#                   COMMAND program args...), on the two monitors of the harness
 function(puffino_wine_test name)
-  cmake_parse_arguments(ARG "" "HEADS;DPI" "INSTALL_FONTS;REPLACE_FONTS;COMMAND" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "INSTALL_FONTS;REPLACE_FONTS;COMMAND" ${ARGN})
   set(options --label wine.${name})
-  if(ARG_HEADS)
-    list(APPEND options --heads ${ARG_HEADS})
-  endif()
-  if(ARG_DPI)
-    list(APPEND options --dpi ${ARG_DPI})
-  endif()
   foreach(font IN LISTS ARG_INSTALL_FONTS)
     list(APPEND options --install-font ${font})
   endforeach()
