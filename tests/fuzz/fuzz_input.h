@@ -29,11 +29,6 @@ public:
         return static_cast<int32_t>(lo + static_cast<int64_t>(U32() % span));
     }
 
-    // lo..hi, finite.
-    float FloatIn(float lo, float hi) {
-        return lo + (hi - lo) * static_cast<float>(U32() / 4294967295.0);
-    }
-
     // A wide text: a byte below 0x80 is that character; a higher byte and
     // the next one make any other character of the basic plane.
     std::wstring WideText(size_t maxLength) {

@@ -13,40 +13,6 @@
 
 namespace {
 
-TEST(PenguinMotion, CrossFadesOnlyIntoTheCelebrationsOwnPicture) {
-    struct Drawn { int32_t pose; float opacity; };
-    const struct {
-        float timeLeft;
-        bool yatta, celebrateLoaded, blowing;
-        std::vector<Drawn> expected;  // back to front
-    } cases[] = {
-        {84, true, true, false, {{kPoseStanding, 1}}},  // the first tick: nothing faded in yet
-        {80, true, true, false, {{kPoseStanding, 0.896f}, {kPoseCelebrating, 0.104f}}},
-        {74, true, true, true, {{kPoseBlowing, 0.5f}, {kPoseCelebrating, 0.5f}}},
-        {64, true, true, false, {{kPoseCelebrating, 1}}},
-        {0, true, true, false, {{kPoseStanding, 1}}},    // over: back at once
-        {64, false, true, false, {{kPoseStanding, 1}}},  // happy.png: hops, no fade
-        {64, true, false, true, {{kPoseBlowing, 1}}},    // nothing to fade into
-    };
-    for (const auto& c : cases) {
-        ResetWorld();
-        if (c.celebrateLoaded) g_fake.poseSizes[PoseImage::Celebrate] = {300, 400};
-        g_playField.celebrateTimeLeft = c.timeLeft;
-        g_playField.blowing = c.blowing;
-        g_playField.animClock = 0.7f;  // mid-breath: a bob would show
-        g_playField.mouthX = -1;
-        const PenguinDraws plan = PlanPenguin(c.yatta);
-        ASSERT_EQ(plan.count, static_cast<int32_t>(c.expected.size())) << c.timeLeft;
-        // A celebrating penguin does not bob, and its mouth point rests.
-        EXPECT_EQ(g_playField.mouthX == -1, c.timeLeft > 0) << c.timeLeft;
-        for (int32_t i = 0; i < plan.count; ++i) {
-            EXPECT_EQ(plan.draws[i].offsetY == 0, c.timeLeft > 0) << c.timeLeft << " draw " << i;
-            EXPECT_EQ(plan.draws[i].pose, c.expected[i].pose) << c.timeLeft << " draw " << i;
-            EXPECT_NEAR(plan.draws[i].opacity, c.expected[i].opacity, 1e-5) << c.timeLeft << " draw " << i;
-        }
-    }
-}
-
 TEST(PenguinMotion, NineHopsAlternatelyHighAndLowWithASquash) {
     // A box 240 tall standing on 954; a hop lasts 0.85 of celebratePhase.
     const struct {

@@ -1,4 +1,4 @@
-// The home monitor's layout, the penguin's picture placement, and the
+// The home monitor's layout, the penguin's picture choice, and the
 // repaint bookkeeping: what is collected and which window gets what (how
 // rectangles merge, any sequence of them, is the dirty region fuzzer's part).
 #include <gtest/gtest.h>
