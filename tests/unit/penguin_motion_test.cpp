@@ -13,6 +13,16 @@
 
 namespace {
 
+TEST(PenguinMotion, FadesOnlyIntoTheCelebrationsOwnPicture) {
+    for (const bool loaded : {false, true}) {
+        ResetWorld();
+        if (loaded) g_fake.poseSizes[PoseImage::Celebrate] = {300, 400};
+        g_playField.celebrateTimeLeft = 64;  // the fade is over
+        EXPECT_EQ(PlanPenguin(true).draws[0].pose, loaded ? kPoseCelebrating : kPoseStanding) << loaded;
+        EXPECT_EQ(PlanPenguin(false).draws[0].pose, kPoseStanding) << "happy.png hops without a fade";
+    }
+}
+
 TEST(PenguinMotion, NineHopsAlternatelyHighAndLowWithASquash) {
     // A box 240 tall standing on 954; a hop lasts 0.85 of celebratePhase.
     const struct {
