@@ -37,14 +37,14 @@ void SomeBubbles() {
     bubbles.push_back(MakeBubble(320, 95, 20, {170, 255, 170}, false, true));
 }
 
-// Bursts 12, 6 and 2 ticks old, the middle one gold, and a soft pop.
+// Bursts 12, 6 and 2 ticks old, the youngest gold, and a soft pop.
 void PopsOfSeveralAges() {
-    SpawnPopEffect(70, 80, 255, 120, 160, false, false);
+    SpawnPopEffect(80, 110, 255, 120, 160, false, false);
     for (int i = 0; i < 6; ++i) StepMotion();
-    SpawnPopEffect(190, 80, 255, 215, 0, true, false);
+    SpawnPopEffect(250, 110, 100, 180, 255, false, false);
     for (int i = 0; i < 4; ++i) StepMotion();
-    SpawnPopEffect(310, 80, 100, 180, 255, false, false);
-    SpawnPopEffect(420, 80, 150, 230, 140, false, true);
+    SpawnPopEffect(420, 110, 255, 215, 0, true, false);
+    SpawnPopEffect(530, 110, 150, 230, 140, false, true);
     for (int i = 0; i < 2; ++i) StepMotion();
 }
 
@@ -115,8 +115,9 @@ std::vector<Scene> MakeScenes() {
     }
     scenes.push_back({.name = "bubbles", .windows = {{{0, 0, 360, 180}}}, .plainBackground = true,
                       .setUp = SomeBubbles});
-    scenes.push_back({.name = "pop-effects", .windows = {{{0, 0, 480, 160}}}, .plainBackground = true,
-                      .setUp = PopsOfSeveralAges});
+    // At 144 dpi: the droplets and rings grow with the scale.
+    scenes.push_back({.name = "pop-effects", .windows = {{{0, 0, 600, 220}}}, .scale = 1.5f,
+                      .plainBackground = true, .setUp = PopsOfSeveralAges});
     const Rect penguinHome{0, 0, 560, 700};  // room above for the hops
     const std::pair<const char*, void (*)()> poses[] = {
         {"penguin-standing", NoHint}, {"penguin-blowing", Blowing},
