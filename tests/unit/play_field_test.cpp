@@ -47,6 +47,7 @@ TEST(Layout, ButtonsAndPenguinOnTheHomeMonitor) {
     EXPECT_EQ(PraiseAnchor(), (Point{2170, 368})) << "42 % down the home monitor";
     EXPECT_EQ(HintBalloonArea(), (Rect{1920, 204, 2177, 504})) << "kept on the home monitor";
     g_displayWindows[1].isMain = false;
+    g_virtualWidth = 2420;  // the virtual screen is home only without windows
     LayoutPlayField();
     EXPECT_EQ(g_playField.homeRect, (Rect{0, 0, 1920, 1080}));
 }

@@ -164,6 +164,9 @@ TEST_F(PointerInput, TheNewestBubbleUnderThePressPopsButButtonsComeFirst) {
     EXPECT_EQ(g_fake.invalidated[0].client, (Rect{22, 962, 118, 1058}));
     PointerDown({112, 968}, false);
     EXPECT_TRUE(g_soundEnabled);
+
+    PointerDown({900, 500}, false);  // the bare landscape
+    EXPECT_TRUE(g_playField.pressStartTick == 0 && g_fake.capture == nullptr) << "only the penguin is held";
 }
 
 TEST_F(PointerInput, PenguinHitIsTheDrawnPictureWithoutItsSideMargins) {
