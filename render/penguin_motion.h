@@ -1,6 +1,6 @@
 // The penguin's animation as numbers: the breathing bob, the wobble while
 // it blows, the nine hops of a celebration with their squash, and the
-// cross-fade into the celebrating picture. The GDI+ drawing only carries
+// cross-fade into the celebrating picture. The drawing only carries
 // out the draws planned here.
 #pragma once
 

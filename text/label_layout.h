@@ -1,8 +1,8 @@
 // Where the pieces of each label go and how the praise and the hint balloon
-// move: the numbers behind the label drawings (labels.cpp), apart from
-// GDI+ so that they run natively. Every length is a 96-dpi length times
-// g_dpiScale; every position is in play-field coordinates. The repaint
-// boxes around the labels are the play field's (play/screen_areas.h).
+// move: the numbers behind the label drawings (labels.cpp), kept apart
+// from the drawing. Every length is a 96-dpi length times g_dpiScale; every
+// position is in play-field coordinates. The repaint boxes around the
+// labels are the play field's (play/screen_areas.h).
 #pragma once
 
 #include <cstdint>
