@@ -5,8 +5,8 @@ find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 
 # The penguin's pose pictures, rendered from their SVG sources into
 # assets/penguin of the build folder, where the program finds them beside
-# it. 480 px tall: twice the height the
-# penguin stands at on a 96-dpi screen, so it stays crisp at 200 %.
+# it. 480 px tall: twice the height the penguin stands at on a 96-dpi
+# screen, so it stays crisp at 200 %.
 set(PENGUIN_ART ${PROJECT_SOURCE_DIR}/assets/penguin)
 set(PENGUIN_OUT ${CMAKE_CURRENT_BINARY_DIR}/assets/penguin)
 set(POSE_PICTURES "")
@@ -19,14 +19,18 @@ foreach(pose idle bubble yatta hurray)
 endforeach()
 add_custom_target(pose_pictures ALL DEPENDS ${POSE_PICTURES})
 
-# The rounded faces in Fonts/ of the build folder, fetched from their pinned npm
-# package; the tarball is kept in downloads/ so rebuilds do not fetch again.
+# The rounded faces in Fonts/ of the build folder, fetched from their pinned
+# npm package. The tarball is kept in one downloads/ folder, which the
+# native build hands to the Windows build, so that a build fetches it once.
+if(NOT PUFFINO_DOWNLOADS)
+  set(PUFFINO_DOWNLOADS ${CMAKE_CURRENT_BINARY_DIR}/downloads)
+endif()
 set(PUFFINO_FONTS_DIR ${CMAKE_CURRENT_BINARY_DIR}/Fonts)
 set(PUFFINO_FONT_FILES ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Regular.ttf
                        ${PUFFINO_FONTS_DIR}/MPLUSRounded1c-Black.ttf
                        ${PUFFINO_FONTS_DIR}/OFL.txt)
 add_custom_command(OUTPUT ${PUFFINO_FONT_FILES}
-  COMMAND ${CMAKE_COMMAND} -DCACHE_DIR=${CMAKE_CURRENT_BINARY_DIR}/downloads
+  COMMAND ${CMAKE_COMMAND} -DCACHE_DIR=${PUFFINO_DOWNLOADS}
           -DFONTS_DIR=${PUFFINO_FONTS_DIR} -P ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake
   DEPENDS ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake VERBATIM)
 add_custom_target(fonts ALL DEPENDS ${PUFFINO_FONT_FILES})

@@ -62,9 +62,13 @@ ExternalProject_Add(puffino_windows
   CMAKE_ARGS -DCMAKE_TOOLCHAIN_FILE=${PROJECT_SOURCE_DIR}/cmake/mingw-w64-x86_64.cmake
              -DCMAKE_BUILD_TYPE=Release
              -DPUFFINO_DIST_DIR=${CMAKE_BINARY_DIR}/dist
+             -DPUFFINO_DOWNLOADS=${CMAKE_BINARY_DIR}/downloads
   BUILD_ALWAYS ON
   INSTALL_COMMAND ""
   USES_TERMINAL_BUILD ON)
+# The fonts are fetched here first; the Windows build then finds the
+# tarball in the shared downloads/ and only unpacks it.
+add_dependencies(puffino_windows fonts)
 
 # The fuzzers, built by clang (libFuzzer comes with it).
 set(PUFFINO_FUZZ_BUILD ${CMAKE_BINARY_DIR}/fuzz)
