@@ -8,15 +8,15 @@
 #include <string>
 
 std::vector<DisplayWindow> g_displayWindows;
-HWND__* g_mainWindow = nullptr;
+WindowHandle g_mainWindow = nullptr;
 int32_t g_virtualLeft = 0;
 int32_t g_virtualTop = 0;
 int32_t g_virtualWidth = 0;
 int32_t g_virtualHeight = 0;
 float g_dpiScale = 1.0f;
-HWND__* g_shortcutTarget = nullptr;
+WindowHandle g_shortcutTarget = nullptr;
 
-DisplayWindow* FindDisplayWindow(HWND__* hwnd) {
+DisplayWindow* FindDisplayWindow(WindowHandle hwnd) {
     if (!hwnd) return nullptr;
     for (DisplayWindow& window : g_displayWindows) {
         if (window.hwnd == hwnd) return &window;

@@ -9,23 +9,32 @@
 #include <vector>
 
 #include "app/geometry.h"
+#include "app/window_handle.h"
 
+#if defined(_WIN32)
 // Win32 handle types as the Windows headers declare them, so that portable
 // code can hold them without including those headers.
-struct HWND__;
 struct HDC__;
 struct HBITMAP__;
+#else
+struct _cairo_surface;  // cairo_surface_t
+#endif
 
 struct DisplayWindow {
     Rect playRect;    // the monitor in play-field coordinates
     Rect screenRect;  // the monitor (later: the window) in screen coordinates
-    HWND__* hwnd = nullptr;
+    WindowHandle hwnd = nullptr;
+#if defined(_WIN32)
     HDC__* frameDC = nullptr;  // back buffer into which frames are composed
     HBITMAP__* frameBitmap = nullptr;
     void* frameOldBitmap = nullptr;  // put back before frameDC is deleted
     HDC__* sceneryDC = nullptr;      // this window's pre-rendered landscape
     HBITMAP__* sceneryBitmap = nullptr;
     void* sceneryOldBitmap = nullptr;
+#else
+    _cairo_surface* frameSurface = nullptr;    // back buffer, ARGB32 image
+    _cairo_surface* scenerySurface = nullptr;  // the pre-rendered landscape
+#endif
     int32_t width = 0;   // pixels
     int32_t height = 0;  // pixels
     uint32_t sceneryTheme = 0;  // 0..4, drawn at random per record
@@ -35,7 +44,7 @@ struct DisplayWindow {
 // One record per monitor, in enumeration order; rebuilt on display changes.
 extern std::vector<DisplayWindow> g_displayWindows;
 // The home window; the timers live on it. Null while there is none.
-extern HWND__* g_mainWindow;
+extern WindowHandle g_mainWindow;
 // The virtual screen in screen coordinates: its top-left corner is the
 // play-field origin.
 extern int32_t g_virtualLeft;
@@ -47,11 +56,11 @@ extern int32_t g_virtualHeight;
 extern float g_dpiScale;
 // Where the keyboard guard reports guarded keys: the home window of the
 // last rebuild that had one; cleared when play ends.
-extern HWND__* g_shortcutTarget;
+extern WindowHandle g_shortcutTarget;
 
 // The record of a window, found by a linear search; null for a window that
 // is not (or no longer) a display window.
-DisplayWindow* FindDisplayWindow(HWND__* hwnd);
+DisplayWindow* FindDisplayWindow(WindowHandle hwnd);
 
 // A client point of the window as a play-field point.
 Point ClientToPlayField(const DisplayWindow& window, Point client);

@@ -14,11 +14,11 @@ bool LeftButtonDown() {
     return (GetKeyState(VK_LBUTTON) & 0x8000) != 0;
 }
 
-void CaptureMouse(HWND__* window) {
+void CaptureMouse(WindowHandle window) {
     SetCapture(window);
 }
 
-HWND__* MouseCaptureWindow() {
+WindowHandle MouseCaptureWindow() {
     return GetCapture();
 }
 
@@ -33,7 +33,7 @@ void PlayWavImage(const uint8_t* image) {
     PlaySoundW(reinterpret_cast<LPCWSTR>(image), nullptr, SND_ASYNC | SND_NODEFAULT | SND_MEMORY);
 }
 
-void InvalidateClientRect(HWND__* window, const Rect& client) {
+void InvalidateClientRect(WindowHandle window, const Rect& client) {
     const RECT rect{client.left, client.top, client.right, client.bottom};
     InvalidateRect(window, &rect, FALSE);
 }

@@ -8,8 +8,7 @@
 #include <cstdint>
 
 #include "app/geometry.h"
-
-struct HWND__;
+#include "app/window_handle.h"
 
 // The millisecond tick counter (wraps after 49.7 days). Read only for the
 // long press on the penguin and for spacing pop sounds.
@@ -21,10 +20,10 @@ bool LeftButtonDown();
 
 // Sends every mouse message to the window until released, so that the
 // release of a press on the penguin is seen wherever the mouse goes.
-void CaptureMouse(HWND__* window);
+void CaptureMouse(WindowHandle window);
 
 // The window holding the mouse capture of this thread, or null.
-HWND__* MouseCaptureWindow();
+WindowHandle MouseCaptureWindow();
 
 // Gives the mouse capture back.
 void ReleaseMouseCapture();
@@ -36,4 +35,4 @@ void PlayWavImage(const uint8_t* image);
 
 // Marks a client rectangle of a display window for repainting, without
 // erasing the background.
-void InvalidateClientRect(HWND__* window, const Rect& client);
+void InvalidateClientRect(WindowHandle window, const Rect& client);

@@ -16,26 +16,15 @@
 
 namespace {
 
-struct Buffers {
-    cairo_surface_t* frame = nullptr;
-    cairo_surface_t* scenery = nullptr;
-};
-std::vector<Buffers> g_buffers;
+cairo_surface_t* Frame(size_t window) { return g_displayWindows[window].frameSurface; }
 
-cairo_surface_t* Surface(const DisplayWindow& window) {
-    return cairo_image_surface_create(CAIRO_FORMAT_ARGB32, window.width, window.height);
-}
-
-void CopyRect(cairo_surface_t* from, cairo_surface_t* to, const Rect& rect) {
+void CopyAll(cairo_surface_t* from, cairo_surface_t* to) {
     cairo_t* cr = cairo_create(to);
     cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
     cairo_set_source_surface(cr, from, 0, 0);
-    cairo_rectangle(cr, rect.left, rect.top, Width(rect), Height(rect));
-    cairo_fill(cr);
+    cairo_paint(cr);
     cairo_destroy(cr);
 }
-
-size_t IndexOf(const DisplayWindow& window) { return static_cast<size_t>(&window - g_displayWindows.data()); }
 
 }  // namespace
 
@@ -55,46 +44,37 @@ void ReportPoseSizes() {
     }
 }
 
+// The program's own buffers and landscape; the composition is the
+// program's ComposeFrame.
 void MakeWindowBuffers(bool plainBackground) {
-    for (const DisplayWindow& window : g_displayWindows) {
-        Buffers b{Surface(window), Surface(window)};
-        cairo_t* cr = cairo_create(b.scenery);
-        const uint32_t background = plainBackground ? kPlainBackground : kSceneryClearColour;
-        cairo_set_source_rgb(cr, (background >> 16 & 0xFF) / 255.0, (background >> 8 & 0xFF) / 255.0,
-                             (background & 0xFF) / 255.0);
-        cairo_paint(cr);
-        if (!plainBackground) {
-            Canvas canvas{cr};
-            DrawScenery(canvas, {0, 0, window.width, window.height}, window.sceneryTheme);
+    for (DisplayWindow& window : g_displayWindows) {
+        // Buffers are made only for a window that exists.
+        window.hwnd = FakeWindow(static_cast<uintptr_t>(&window - g_displayWindows.data()) + 1);
+        CreateWindowBuffers(window);
+        if (plainBackground) {
+            cairo_t* cr = cairo_create(window.scenerySurface);
+            cairo_set_source_rgb(cr, (kPlainBackground >> 16 & 0xFF) / 255.0,
+                                 (kPlainBackground >> 8 & 0xFF) / 255.0, (kPlainBackground & 0xFF) / 255.0);
+            cairo_paint(cr);
+            cairo_destroy(cr);
+        } else {
+            RenderScenery(window);
         }
-        cairo_destroy(cr);
-        CopyRect(b.scenery, b.frame, {0, 0, window.width, window.height});
-        g_buffers.push_back(b);
+        CopyAll(window.scenerySurface, window.frameSurface);
     }
 }
 
-void ComposeWindow(DisplayWindow& window, const Rect& dirty) {
-    const Buffers& b = g_buffers[IndexOf(window)];
-    CopyRect(b.scenery, b.frame, dirty);
-    cairo_t* cr = cairo_create(b.frame);
-    Canvas canvas = FrameCanvas(cr);
-    DrawFrameLayers(canvas, window, dirty);
-    cairo_destroy(cr);
-}
+void ComposeWindow(DisplayWindow& window, const Rect& dirty) { ComposeFrame(window, dirty); }
 
 uint32_t FramePixel(size_t window, int32_t x, int32_t y) {
-    cairo_surface_t* frame = g_buffers[window].frame;
+    cairo_surface_t* frame = Frame(window);
     cairo_surface_flush(frame);
     const uint8_t* row = cairo_image_surface_get_data(frame) + y * cairo_image_surface_get_stride(frame);
     return reinterpret_cast<const uint32_t*>(row)[x] & 0xFFFFFF;
 }
 
 void ReleaseWindowBuffers() {
-    for (const Buffers& b : g_buffers) {
-        cairo_surface_destroy(b.frame);
-        cairo_surface_destroy(b.scenery);
-    }
-    g_buffers.clear();
+    for (DisplayWindow& window : g_displayWindows) ::ReleaseWindowBuffers(window);
 }
 
 // The pictures are opaque, or wholly transparent outside the windows, so

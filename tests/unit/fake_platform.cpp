@@ -13,11 +13,11 @@ FakePlatform g_fake;
 
 uint32_t TickCount() { return g_fake.now; }
 bool LeftButtonDown() { return g_fake.leftButtonDown; }
-void CaptureMouse(HWND__* window) { g_fake.capture = window; }
-HWND__* MouseCaptureWindow() { return g_fake.capture; }
+void CaptureMouse(WindowHandle window) { g_fake.capture = window; }
+WindowHandle MouseCaptureWindow() { return g_fake.capture; }
 void ReleaseMouseCapture() { g_fake.capture = nullptr; }
 void PlayWavImage(const uint8_t* image) { g_fake.played.push_back(image); }
-void InvalidateClientRect(HWND__* window, const Rect& client) { g_fake.invalidated.push_back({window, client}); }
+void InvalidateClientRect(WindowHandle window, const Rect& client) { g_fake.invalidated.push_back({window, client}); }
 void EndPlay() { ++g_fake.endPlayCalls; }
 
 bool PoseImageSize(PoseImage image, int32_t& width, int32_t& height) {
@@ -27,7 +27,7 @@ bool PoseImageSize(PoseImage image, int32_t& width, int32_t& height) {
     return true;
 }
 
-HWND__* FakeWindow(uintptr_t id) { return reinterpret_cast<HWND__*>(id * 0x10); }
+WindowHandle FakeWindow(uintptr_t id) { return reinterpret_cast<WindowHandle>(id * 0x10); }
 
 void ResetWorld(uint32_t seed) {
     g_fake = FakePlatform{};

@@ -9,19 +9,18 @@
 #include <vector>
 
 #include "app/geometry.h"
+#include "app/window_handle.h"
 #include "assets/penguin_images.h"
 
-struct HWND__;
-
 struct Invalidation {
-    HWND__* window = nullptr;
+    WindowHandle window = nullptr;
     Rect client;
 };
 
 struct FakePlatform {
     uint32_t now = 100000;  // TickCount(), ms
     bool leftButtonDown = false;
-    HWND__* capture = nullptr;
+    WindowHandle capture = nullptr;
     std::vector<const uint8_t*> played;     // PlayWavImage, in order
     std::vector<Invalidation> invalidated;  // in order
     int endPlayCalls = 0;
@@ -36,4 +35,4 @@ extern FakePlatform g_fake;
 void ResetWorld(uint32_t seed = 1);
 
 // A window handle for tests, never dereferenced.
-HWND__* FakeWindow(uintptr_t id);
+WindowHandle FakeWindow(uintptr_t id);

@@ -5,6 +5,7 @@
 #include "app/pointer_points.h"
 #include "app/shell.h"
 #include "tests/printers.h"
+#include "tests/unit/fake_platform.h"
 
 namespace {
 
@@ -37,15 +38,15 @@ TEST(PlayFieldPoints, ClientPointsShiftByTheWindowsPlayRect) {
     DisplayWindow left, primary;
     left.playRect = {0, 0, 1920, 1080};
     primary.playRect = {1920, 0, 3840, 1080};
-    left.hwnd = reinterpret_cast<HWND__*>(0x10);
-    primary.hwnd = reinterpret_cast<HWND__*>(0x20);
+    left.hwnd = FakeWindow(1);
+    primary.hwnd = FakeWindow(2);
     g_displayWindows = {left, primary};
 
-    const DisplayWindow* found = FindDisplayWindow(reinterpret_cast<HWND__*>(0x20));
+    const DisplayWindow* found = FindDisplayWindow(FakeWindow(2));
     ASSERT_NE(found, nullptr);
     EXPECT_EQ(ClientToPlayField(*found, {5, 7}), (Point{1925, 7}));
     EXPECT_EQ(ClientToPlayField(g_displayWindows[0], {-3, 4}), (Point{-3, 4}));
-    EXPECT_EQ(FindDisplayWindow(reinterpret_cast<HWND__*>(0x30)), nullptr);
+    EXPECT_EQ(FindDisplayWindow(FakeWindow(3)), nullptr);
     EXPECT_EQ(FindDisplayWindow(nullptr), nullptr) << "a window without a handle is never found";
     g_displayWindows.clear();
 }

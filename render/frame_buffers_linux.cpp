@@ -1,0 +1,29 @@
+// The two off-screen buffers of every display window, as cairo image
+// surfaces in the layout of an X11 window surface (32-bit xRGB), so that a
+// repainted rectangle reaches the screen as plain row copies.
+#include <cairo.h>
+
+#include "render/frame_buffers.h"
+
+namespace {
+
+void ReleaseSurface(cairo_surface_t*& surface) {
+    if (surface) cairo_surface_destroy(surface);
+    surface = nullptr;
+}
+
+}  // namespace
+
+void CreateWindowBuffers(DisplayWindow& window) {
+    ReleaseWindowBuffers(window);
+    if (!window.hwnd || window.width < 1 || window.height < 1) return;
+    // A surface that cannot be made is an error surface; painting checks
+    // the status and skips the window.
+    window.frameSurface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, window.width, window.height);
+    window.scenerySurface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, window.width, window.height);
+}
+
+void ReleaseWindowBuffers(DisplayWindow& window) {
+    ReleaseSurface(window.frameSurface);
+    ReleaseSurface(window.scenerySurface);
+}
