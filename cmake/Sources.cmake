@@ -28,6 +28,21 @@ foreach(dir IN LISTS PUFFINO_SUBSYSTEMS)
   endforeach()
 endforeach()
 
+# The Linux edition's shell: the files that talk to SDL or PulseAudio. They
+# stand apart from the core so that the native tests, which link stand-ins
+# for these services, never link SDL or the sound server's client.
+set(PUFFINO_LINUX_SHELL_SOURCES "")
+foreach(source IN LISTS PUFFINO_LINUX_SOURCES)
+  if(source MATCHES "/app/[^/]*_linux\\.cpp$" OR source MATCHES "/settings/master_volume_linux\\.cpp$")
+    list(APPEND PUFFINO_LINUX_SHELL_SOURCES "${source}")
+  endif()
+endforeach()
+if(PUFFINO_LINUX_SHELL_SOURCES)
+  list(REMOVE_ITEM PUFFINO_LINUX_SOURCES ${PUFFINO_LINUX_SHELL_SOURCES})
+endif()
+set(PUFFINO_LINUX_ENTRY_SOURCE "${PROJECT_SOURCE_DIR}/app/main_linux.cpp")
+list(REMOVE_ITEM PUFFINO_LINUX_SHELL_SOURCES "${PUFFINO_LINUX_ENTRY_SOURCE}")
+
 # The entry point stands apart so that test programs can link the shell
 # without it.
 set(PUFFINO_ENTRY_SOURCE "${PROJECT_SOURCE_DIR}/app/main_win.cpp")

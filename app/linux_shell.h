@@ -1,0 +1,33 @@
+// The pieces of the Linux edition's shell that its files share: the sound
+// output, the windows' pending repaints and the keyboard guard over SDL.
+// All of them run on the one thread of the event loop.
+#pragma once
+
+#include <cstdint>
+
+#include "app/geometry.h"
+#include "app/window_handle.h"
+
+union SDL_Event;
+
+// Sound (sound_output_linux.cpp): opens SDL's default output once at
+// start-up; without one every sound is silently dropped.
+void OpenSoundOutput();
+void CloseSoundOutput();
+// Plays a WAV image of the sound bank, cutting off the one playing.
+void PlaySoundImage(const uint8_t* image);
+
+// Painting (window_painting_linux.cpp): a client rectangle of a window to
+// compose and show at the next paint; PaintWindows composes every pending
+// rectangle and puts it on the screen.
+void AddWindowDirt(WindowHandle window, const Rect& client);
+void PaintWindows();
+// Forgets a window's pending rectangle (the window is going away).
+void ForgetWindowDirt(WindowHandle window);
+
+// The keyboard guard (keyboard_guard_linux.cpp): grabs the keyboard for the
+// home window while play runs; HandleKeyEvent applies the guard's rules to
+// one key event (Alt+F4 ends play).
+void InstallKeyboardGuard();
+void RemoveKeyboardGuard();
+void HandleKeyEvent(const SDL_Event& event);
