@@ -10,6 +10,10 @@
 
 union SDL_Event;
 
+// The single-instance lock (instance_lock_linux.cpp): false when another
+// run of this session holds it. Held until the process ends.
+bool AcquireInstanceLock();
+
 // Sound (sound_output_linux.cpp): opens SDL's default output once at
 // start-up; without one every sound is silently dropped.
 void OpenSoundOutput();
@@ -30,4 +34,19 @@ void ForgetWindowDirt(WindowHandle window);
 // one key event (Alt+F4 ends play).
 void InstallKeyboardGuard();
 void RemoveKeyboardGuard();
+// After a rebuild: the new home window takes the grab over.
+void RenewKeyboardGrab();
+// A window going away no longer holds the grab.
+void ForgetKeyboardGrab(WindowHandle window);
 void HandleKeyEvent(const SDL_Event& event);
+
+// The event loop (event_loop_linux.cpp): runs until the quit is posted.
+// StartTimers sets (or restarts) the frame and topmost timers.
+void StartTimers();
+void StopTimers();
+void RunEventLoop();
+// Asks the display server to report layout changes, which rebuild the
+// windows; called after every (re)build of the windows.
+void WatchDisplayChanges();
+// As PostQuitMessage: the loop ends after the event being handled.
+void PostQuit();

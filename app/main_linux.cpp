@@ -1,2 +1,79 @@
-// The Linux edition's entry point (being written).
-int main() { return 0; }
+// The Linux edition's entry point: brings every subsystem up in the same
+// order as the Windows program, runs the one event loop and takes
+// everything down again. Single instance, single thread; no command line,
+// no log.
+#include <SDL.h>
+
+#include "app/display_windows.h"
+#include "app/linux_shell.h"
+#include "app/shell.h"
+#include "assets/asset_paths.h"
+#include "assets/fonts.h"
+#include "assets/penguin_images.h"
+#include "play/sound_bank.h"
+#include "settings/high_score.h"
+#include "settings/language.h"
+#include "settings/settings.h"
+#include "settings/volume_clamp.h"
+
+namespace {
+
+void SetPlatformHints() {
+    // The windows must stay up when another program takes the focus.
+    SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+    // The name the desktop shows for the windows and the sound stream.
+    SDL_SetHint(SDL_HINT_APP_NAME, "Puffino");
+    SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Puffino");
+}
+
+// After the loop: whatever EndPlay has not already released.
+void TearDown() {
+    RemoveKeyboardGuard();
+    g_shortcutTarget = nullptr;
+    DestroyDisplayWindows();
+    g_mainWindow = nullptr;
+    ReleasePenguinImages();
+    ReleaseFonts();
+    CloseSoundOutput();
+    SDL_Quit();
+}
+
+}  // namespace
+
+int main() {
+    if (!AcquireInstanceLock()) return 0;  // another instance plays already: show nothing
+
+    Settings settings;
+    LoadSettings(settings);
+    ApplySettings(settings);
+    SetupLanguage(settings.language);
+    EnsureAppDataDirectory();
+    LoadBestScore();
+    BuildSoundBank();
+
+    SetPlatformHints();
+    // Without a display no home window can be made.
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) return 1;
+    OpenSoundOutput();
+    LoadPenguinImages(JoinPath(JoinPath(ExecutableFolder(), L"assets"), L"penguin"));
+    RebuildDisplayWindows();
+
+    if (!g_mainWindow) {
+        // No home window (the launch value names no display's corner, or its
+        // window failed): an orderly exit, with nothing left shown.
+        TearDown();
+        return 1;
+    }
+
+    WatchDisplayChanges();
+    ReassertTopmost();
+    SDL_RaiseWindow(g_mainWindow);  // the foreground, as on Windows
+    StartTimers();
+    InstallKeyboardGuard();
+    ClampMasterVolume();
+
+    RunEventLoop();
+
+    TearDown();
+    return 0;
+}

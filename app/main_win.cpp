@@ -23,12 +23,6 @@ namespace {
 
 constexpr wchar_t kSingleInstanceMutex[] = L"Local\\Puffino_SingleInstance_v1";
 
-void ApplySettings(const Settings& settings) {
-    g_soundEnabled = settings.soundEnabled;
-    g_blockShortcuts = settings.blockSystemShortcuts;
-    g_volumeClampLevel = VolumeClampLevel(settings.volumeClampPercent);
-}
-
 void ShutDownGraphicsAndCom(ULONG_PTR gdiplusToken, HRESULT comResult) {
     Gdiplus::GdiplusShutdown(gdiplusToken);
     // Only a call that really initialized COM is paired.

@@ -15,3 +15,9 @@ Point TouchScreenPixel(int32_t xHundredths, int32_t yHundredths) {
     // C++ integer division already truncates toward zero.
     return {xHundredths / 100, yHundredths / 100};
 }
+
+Point TouchClientPoint(float xFraction, float yFraction, int32_t width, int32_t height) {
+    // Double precision, so that a contact on a pixel's edge stays on it.
+    return {static_cast<int32_t>(static_cast<double>(xFraction) * width),
+            static_cast<int32_t>(static_cast<double>(yFraction) * height)};
+}

@@ -18,3 +18,7 @@ Point MouseClientPoint(uintptr_t lParam);
 // A touch contact's position comes in hundredths of a physical screen
 // pixel; whole pixels truncate toward zero (-19.99 px is -19, not -20).
 Point TouchScreenPixel(int32_t xHundredths, int32_t yHundredths);
+
+// A touch contact as SDL reports it, in fractions of its window's width and
+// height, as a client point; whole pixels truncate toward zero as above.
+Point TouchClientPoint(float xFraction, float yFraction, int32_t width, int32_t height);

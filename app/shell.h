@@ -18,6 +18,11 @@ extern bool g_playEnded;
 // else (0, the default, included) means no clamp.
 float VolumeClampLevel(int32_t percent);
 
+struct Settings;
+// Takes the settings' sound, guard and ceiling into the flags above; called
+// once at start-up after the settings are read.
+void ApplySettings(const Settings& settings);
+
 // Ends play: called by the finish button and by Alt+F4 through the keyboard
 // guard. A second call does nothing. Posts the quit message; the teardown
 // happens when the message loop sees it.

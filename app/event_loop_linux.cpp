@@ -1,0 +1,197 @@
+// The Linux edition's one event loop: SDL's events become play-field
+// operations (pointer input as play-field points, keys through the guard,
+// display changes), the frame and topmost timers run between them, and
+// whatever was invalidated is painted before the loop waits again.
+#include <SDL.h>
+#include <SDL_syswm.h>
+#include <X11/Xlib.h>
+#include <X11/extensions/Xrandr.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "app/display_windows.h"
+#include "app/linux_shell.h"
+#include "app/pointer_points.h"
+#include "app/repeating_timer.h"
+#include "play/platform.h"
+#include "play/play_field.h"
+#include "play/pointer_input.h"
+
+namespace {
+
+constexpr uint32_t kTopmostPeriod = 1500;  // ms
+constexpr uint32_t kFramePeriod = 33;      // ms
+
+RepeatingTimer g_topmostTimer;
+RepeatingTimer g_frameTimer;
+bool g_quitPosted = false;
+bool g_displaysChanged = false;
+int g_randrEventBase = -1;  // RandR's first event number, -1 without RandR
+// Where the time from each frame tick to its pixels on the screen goes, one
+// line of microseconds per tick, when PUFFINO_FRAME_TIMES names a file: the
+// soak measures real play with it. Unset, nothing is written.
+FILE* g_frameTimes = nullptr;
+
+DisplayWindow* WindowOf(Uint32 windowId) { return FindDisplayWindow(SDL_GetWindowFromID(windowId)); }
+
+void MouseButton(const SDL_MouseButtonEvent& event) {
+    if (event.button != SDL_BUTTON_LEFT) return;
+    if (event.type == SDL_MOUSEBUTTONUP) {
+        // Not filtered: a release synthesized from touch ends nothing twice.
+        if (WindowOf(event.windowID)) PointerUp();
+        return;
+    }
+    // A touch arrives as finger events; the press SDL makes from it must
+    // not press a second time.
+    if (event.which == SDL_TOUCH_MOUSEID) return;
+    const DisplayWindow* window = WindowOf(event.windowID);
+    if (window) PointerDown(ClientToPlayField(*window, {event.x, event.y}), false);
+}
+
+void Finger(const SDL_TouchFingerEvent& event) {
+    const DisplayWindow* window = WindowOf(event.windowID);
+    if (!window) return;
+    // Moves and finger ids are not used: any lifted finger ends the press.
+    if (event.type == SDL_FINGERDOWN) {
+        PointerDown(ClientToPlayField(*window, TouchClientPoint(event.x, event.y, window->width, window->height)),
+                    true);
+    } else if (event.type == SDL_FINGERUP) {
+        PointerUp();
+    }
+}
+
+void WindowEvent(const SDL_WindowEvent& event) {
+    DisplayWindow* window = WindowOf(event.windowID);
+    if (!window) return;
+    switch (event.event) {
+    case SDL_WINDOWEVENT_EXPOSED:
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
+        AddWindowDirt(window->hwnd, {0, 0, window->width, window->height});
+        break;
+    case SDL_WINDOWEVENT_FOCUS_LOST:
+        // Another program took the pointer and keyboard from play: a press
+        // held on the penguin ends, as when Windows takes the capture away.
+        if (g_playField.pressStartTick != 0 && window->hwnd == g_mainWindow) CancelPress();
+        break;
+    case SDL_WINDOWEVENT_CLOSE:
+        PostQuit();  // a window manager's close: teardown after the loop
+        break;
+    default:
+        break;
+    }
+}
+
+bool IsDisplayChange(const SDL_Event& event) {
+    if (event.type == SDL_DISPLAYEVENT) return true;
+    if (event.type != SDL_SYSWMEVENT || g_randrEventBase < 0) return false;
+    const SDL_SysWMmsg* message = event.syswm.msg;
+    return message->subsystem == SDL_SYSWM_X11 &&
+           message->msg.x11.event.type == g_randrEventBase + RRScreenChangeNotify;
+}
+
+void HandleEvent(const SDL_Event& event) {
+    switch (event.type) {
+    case SDL_QUIT: PostQuit(); return;
+    case SDL_MOUSEBUTTONDOWN:
+    case SDL_MOUSEBUTTONUP: MouseButton(event.button); return;
+    case SDL_FINGERDOWN:
+    case SDL_FINGERUP: Finger(event.tfinger); return;
+    case SDL_WINDOWEVENT: WindowEvent(event.window); return;
+    case SDL_KEYDOWN:
+    case SDL_KEYUP: HandleKeyEvent(event); return;
+    default:
+        if (IsDisplayChange(event)) g_displaysChanged = true;
+        return;
+    }
+}
+
+// SDL reads the displays when its video part starts: after a change the
+// windows go, the video part starts again and the windows are made anew.
+void RefreshDisplays() {
+    g_displaysChanged = false;
+    CancelPress();
+    g_mainWindow = nullptr;
+    DestroyDisplayWindows();
+    SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    SDL_InitSubSystem(SDL_INIT_VIDEO);
+    RebuildDisplayWindows();
+    WatchDisplayChanges();
+    RenewKeyboardGrab();
+}
+
+uint64_t Microseconds(uint64_t counts) { return counts * 1000000 / SDL_GetPerformanceFrequency(); }
+
+void FrameTick() {
+    const uint64_t start = SDL_GetPerformanceCounter();
+    AdvanceFrame();  // invalidates what moved
+    PaintWindows();
+    if (g_frameTimes) {
+        std::fprintf(g_frameTimes, "%llu\n",
+                     static_cast<unsigned long long>(Microseconds(SDL_GetPerformanceCounter() - start)));
+    }
+}
+
+void RunTimers() {
+    const uint32_t now = TickCount();
+    if (TimerFires(g_topmostTimer, now)) ReassertTopmost();
+    if (TimerFires(g_frameTimer, now)) FrameTick();
+}
+
+int WaitMilliseconds() {
+    const uint32_t now = TickCount();
+    const uint32_t wait = std::min(MillisecondsUntil(g_topmostTimer, now), MillisecondsUntil(g_frameTimer, now));
+    return wait == UINT32_MAX ? -1 : static_cast<int>(wait);
+}
+
+}  // namespace
+
+void StartTimers() {
+    if (!g_mainWindow) return;
+    const uint32_t now = TickCount();
+    SetRepeatingTimer(g_topmostTimer, kTopmostPeriod, now);
+    SetRepeatingTimer(g_frameTimer, kFramePeriod, now);
+}
+
+void StopTimers() {
+    g_topmostTimer.running = false;
+    g_frameTimer.running = false;
+}
+
+void PostQuit() { g_quitPosted = true; }
+
+void WatchDisplayChanges() {
+    g_randrEventBase = -1;
+    if (g_displayWindows.empty() || !g_displayWindows.front().hwnd) return;
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version);
+    if (!SDL_GetWindowWMInfo(g_displayWindows.front().hwnd, &info) || info.subsystem != SDL_SYSWM_X11) return;
+    Display* display = info.info.x11.display;
+    int errorBase = 0;
+    if (!XRRQueryExtension(display, &g_randrEventBase, &errorBase)) {
+        g_randrEventBase = -1;
+        return;
+    }
+    // SDL listens for outputs coming and going; the screen's new layout is
+    // what a rebuild needs, so both are asked for.
+    XRRSelectInput(display, DefaultRootWindow(display), RRScreenChangeNotifyMask | RROutputChangeNotifyMask);
+    SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE);
+}
+
+void RunEventLoop() {
+    if (const char* file = std::getenv("PUFFINO_FRAME_TIMES"); file && *file) g_frameTimes = std::fopen(file, "a");
+    SDL_Event event;
+    while (!g_quitPosted) {
+        if (SDL_WaitEventTimeout(&event, WaitMilliseconds())) {
+            HandleEvent(event);
+            while (!g_quitPosted && SDL_PollEvent(&event)) HandleEvent(event);
+        }
+        if (g_quitPosted) break;
+        if (g_displaysChanged) RefreshDisplays();
+        RunTimers();
+        PaintWindows();
+    }
+    if (g_frameTimes) std::fclose(g_frameTimes);
+    g_frameTimes = nullptr;
+}
