@@ -18,6 +18,7 @@ function(puffino_wine_tests name)
 endfunction()
 
 file(GLOB SHELL_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/app/*.cpp)
+list(FILTER SHELL_SOURCES EXCLUDE REGEX "_linux\\.cpp$")
 list(REMOVE_ITEM SHELL_SOURCES ${PUFFINO_ENTRY_SOURCE})
 puffino_wine_tests(shell_tests
   ${CMAKE_CURRENT_LIST_DIR}/shell_tests.cpp
@@ -39,6 +40,7 @@ target_compile_definitions(resources_tests PRIVATE
 
 # The settings on real files in the session's prefix.
 file(GLOB SETTINGS_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/settings/*.cpp)
+list(FILTER SETTINGS_SOURCES EXCLUDE REGEX "_linux\\.cpp$")
 puffino_wine_tests(settings_tests
   ${CMAKE_CURRENT_LIST_DIR}/settings_tests.cpp
   ${SETTINGS_SOURCES}
