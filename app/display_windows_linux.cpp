@@ -4,9 +4,12 @@
 #include <SDL.h>
 #include <SDL_syswm.h>
 #include <X11/Xlib.h>
+#include <X11/extensions/Xrandr.h>
 
 #include <cstdlib>
+#include <algorithm>
 #include <cstring>
+#include <tuple>
 
 #include "app/desktop_dpi.h"
 #include "app/display_windows.h"
@@ -160,4 +163,29 @@ void ReassertTopmost() {
         }
     }
     ClampMasterVolume();
+}
+
+bool DisplaysChanged() {
+    if (!g_mainWindow) return false;
+    Display* display = nullptr;
+    Window xwindow = 0;
+    if (!X11Window(g_mainWindow, display, xwindow)) return false;
+    // The server's current layout, without probing the outputs.
+    int count = 0;
+    XRRMonitorInfo* monitors = XRRGetMonitors(display, DefaultRootWindow(display), True, &count);
+    if (!monitors) return false;
+    std::vector<Rect> now;
+    for (int i = 0; i < count; ++i) {
+        now.push_back({monitors[i].x, monitors[i].y, monitors[i].x + monitors[i].width,
+                       monitors[i].y + monitors[i].height});
+    }
+    XRRFreeMonitors(monitors);
+    std::vector<Rect> shown;
+    for (const DisplayWindow& window : g_displayWindows) shown.push_back(window.screenRect);
+    const auto byPlace = [](const Rect& a, const Rect& b) {
+        return std::tie(a.left, a.top, a.right, a.bottom) < std::tie(b.left, b.top, b.right, b.bottom);
+    };
+    std::sort(now.begin(), now.end(), byPlace);
+    std::sort(shown.begin(), shown.end(), byPlace);
+    return now != shown;
 }

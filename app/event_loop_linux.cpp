@@ -3,9 +3,6 @@
 // display changes), the frame and topmost timers run between them, and
 // whatever was invalidated is painted before the loop waits again.
 #include <SDL.h>
-#include <SDL_syswm.h>
-#include <X11/Xlib.h>
-#include <X11/extensions/Xrandr.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -28,7 +25,6 @@ RepeatingTimer g_topmostTimer;
 RepeatingTimer g_frameTimer;
 bool g_quitPosted = false;
 bool g_displaysChanged = false;
-int g_randrEventBase = -1;  // RandR's first event number, -1 without RandR
 // Where the time from each frame tick to its pixels on the screen goes, one
 // line of microseconds per tick, when PUFFINO_FRAME_TIMES names a file: the
 // soak measures real play with it. Unset, nothing is written.
@@ -83,14 +79,6 @@ void WindowEvent(const SDL_WindowEvent& event) {
     }
 }
 
-bool IsDisplayChange(const SDL_Event& event) {
-    if (event.type == SDL_DISPLAYEVENT) return true;
-    if (event.type != SDL_SYSWMEVENT || g_randrEventBase < 0) return false;
-    const SDL_SysWMmsg* message = event.syswm.msg;
-    return message->subsystem == SDL_SYSWM_X11 &&
-           message->msg.x11.event.type == g_randrEventBase + RRScreenChangeNotify;
-}
-
 void HandleEvent(const SDL_Event& event) {
     switch (event.type) {
     case SDL_QUIT: PostQuit(); return;
@@ -101,9 +89,8 @@ void HandleEvent(const SDL_Event& event) {
     case SDL_WINDOWEVENT: WindowEvent(event.window); return;
     case SDL_KEYDOWN:
     case SDL_KEYUP: HandleKeyEvent(event); return;
-    default:
-        if (IsDisplayChange(event)) g_displaysChanged = true;
-        return;
+    case SDL_DISPLAYEVENT: g_displaysChanged = true; return;
+    default: return;
     }
 }
 
@@ -117,7 +104,6 @@ void RefreshDisplays() {
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
     SDL_InitSubSystem(SDL_INIT_VIDEO);
     RebuildDisplayWindows();
-    WatchDisplayChanges();
     RenewKeyboardGrab();
 }
 
@@ -135,7 +121,12 @@ void FrameTick() {
 
 void RunTimers() {
     const uint32_t now = TickCount();
-    if (TimerFires(g_topmostTimer, now)) ReassertTopmost();
+    if (TimerFires(g_topmostTimer, now)) {
+        // A display whose mode or place changed is noticed here: SDL reports
+        // displays coming and going, not their new layout.
+        if (DisplaysChanged()) RefreshDisplays();
+        ReassertTopmost();
+    }
     if (TimerFires(g_frameTimer, now)) FrameTick();
 }
 
@@ -160,24 +151,6 @@ void StopTimers() {
 }
 
 void PostQuit() { g_quitPosted = true; }
-
-void WatchDisplayChanges() {
-    g_randrEventBase = -1;
-    if (g_displayWindows.empty() || !g_displayWindows.front().hwnd) return;
-    SDL_SysWMinfo info;
-    SDL_VERSION(&info.version);
-    if (!SDL_GetWindowWMInfo(g_displayWindows.front().hwnd, &info) || info.subsystem != SDL_SYSWM_X11) return;
-    Display* display = info.info.x11.display;
-    int errorBase = 0;
-    if (!XRRQueryExtension(display, &g_randrEventBase, &errorBase)) {
-        g_randrEventBase = -1;
-        return;
-    }
-    // SDL listens for outputs coming and going; the screen's new layout is
-    // what a rebuild needs, so both are asked for.
-    XRRSelectInput(display, DefaultRootWindow(display), RRScreenChangeNotifyMask | RROutputChangeNotifyMask);
-    SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE);
-}
 
 void RunEventLoop() {
     if (const char* file = std::getenv("PUFFINO_FRAME_TIMES"); file && *file) g_frameTimes = std::fopen(file, "a");

@@ -45,8 +45,8 @@ void HandleKeyEvent(const SDL_Event& event);
 void StartTimers();
 void StopTimers();
 void RunEventLoop();
-// Asks the display server to report layout changes, which rebuild the
-// windows; called after every (re)build of the windows.
-void WatchDisplayChanges();
+// Whether the display server's displays no longer match the windows
+// (display_windows_linux.cpp); asked on every topmost tick.
+bool DisplaysChanged();
 // As PostQuitMessage: the loop ends after the event being handled.
 void PostQuit();

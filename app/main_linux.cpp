@@ -70,7 +70,6 @@ int main() {
         return 1;
     }
 
-    WatchDisplayChanges();
     ReassertTopmost();
     SDL_RaiseWindow(g_mainWindow);  // the foreground, as on Windows
     StartTimers();
