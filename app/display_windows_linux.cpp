@@ -98,7 +98,6 @@ void DestroyDisplayWindows() {
         ReleaseWindowBuffers(window);
         if (window.hwnd) {
             ForgetWindowDirt(window.hwnd);
-            ForgetKeyboardGrab(window.hwnd);
             SDL_DestroyWindow(window.hwnd);
         }
         window.hwnd = nullptr;

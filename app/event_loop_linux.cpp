@@ -66,6 +66,9 @@ void WindowEvent(const SDL_WindowEvent& event) {
     case SDL_WINDOWEVENT_SIZE_CHANGED:
         AddWindowDirt(window->hwnd, {0, 0, window->width, window->height});
         break;
+    case SDL_WINDOWEVENT_FOCUS_GAINED:
+        GrabKeyboardFor(window->hwnd);
+        break;
     case SDL_WINDOWEVENT_FOCUS_LOST:
         // Another program took the pointer and keyboard from play: a press
         // held on the penguin ends, as when Windows takes the capture away.
@@ -104,7 +107,7 @@ void RefreshDisplays() {
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
     SDL_InitSubSystem(SDL_INIT_VIDEO);
     RebuildDisplayWindows();
-    RenewKeyboardGrab();
+    GrabKeyboardFor(g_mainWindow);
 }
 
 uint64_t Microseconds(uint64_t counts) { return counts * 1000000 / SDL_GetPerformanceFrequency(); }

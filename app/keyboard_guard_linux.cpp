@@ -12,7 +12,6 @@
 namespace {
 
 bool g_guardInstalled = false;
-SDL_Window* g_grabbedWindow = nullptr;
 
 // The guard's rules speak in Windows key codes; the keys they name are
 // translated, every other key counts as an ordinary one.
@@ -55,25 +54,22 @@ bool IsAltF4(const SDL_KeyboardEvent& event) {
 void InstallKeyboardGuard() {
     if (!g_blockShortcuts) return;
     g_guardInstalled = true;
-    RenewKeyboardGrab();
+    GrabKeyboardFor(g_mainWindow);
 }
 
-void RenewKeyboardGrab() {
-    if (!g_guardInstalled || g_grabbedWindow == g_mainWindow) return;
-    g_grabbedWindow = g_mainWindow;
-    // A grab the display server refuses leaves play running unguarded.
-    if (g_mainWindow) SDL_SetWindowKeyboardGrab(g_mainWindow, SDL_TRUE);
+void GrabKeyboardFor(WindowHandle window) {
+    // SDL holds the grab for the window with the focus only; whichever
+    // display window a window manager focuses asks for it. A grab the
+    // display server refuses leaves play running unguarded.
+    if (g_guardInstalled && window) SDL_SetWindowKeyboardGrab(window, SDL_TRUE);
 }
 
 void RemoveKeyboardGuard() {
     if (!g_guardInstalled) return;
     g_guardInstalled = false;
-    if (g_grabbedWindow && FindDisplayWindow(g_grabbedWindow)) SDL_SetWindowKeyboardGrab(g_grabbedWindow, SDL_FALSE);
-    g_grabbedWindow = nullptr;
-}
-
-void ForgetKeyboardGrab(WindowHandle window) {
-    if (g_grabbedWindow == window) g_grabbedWindow = nullptr;
+    for (const DisplayWindow& window : g_displayWindows) {
+        if (window.hwnd) SDL_SetWindowKeyboardGrab(window.hwnd, SDL_FALSE);
+    }
 }
 
 void HandleKeyEvent(const SDL_Event& event) {

@@ -34,10 +34,10 @@ void ForgetWindowDirt(WindowHandle window);
 // one key event (Alt+F4 ends play).
 void InstallKeyboardGuard();
 void RemoveKeyboardGuard();
-// After a rebuild: the new home window takes the grab over.
-void RenewKeyboardGrab();
-// A window going away no longer holds the grab.
-void ForgetKeyboardGrab(WindowHandle window);
+// The grab for a display window that has (or is to get) the focus: the
+// home window after start-up and every rebuild, any window a window
+// manager focuses.
+void GrabKeyboardFor(WindowHandle window);
 void HandleKeyEvent(const SDL_Event& event);
 
 // The event loop (event_loop_linux.cpp): runs until the quit is posted.
