@@ -64,6 +64,9 @@ foreach(target unit_tests unit_tests_sanitized)
 endforeach()
 include(${PROJECT_SOURCE_DIR}/tests/harness/Harness.cmake)
 include(${PROJECT_SOURCE_DIR}/benchmarks/Benchmarks.cmake)
+# The Debian package of the Linux edition, with the core optimised as the
+# benchmarks have it.
+include(${PROJECT_SOURCE_DIR}/cmake/LinuxPackage.cmake)
 
 # Puffino.exe and the Windows test programs, built by the cross toolchain.
 include(ExternalProject)
