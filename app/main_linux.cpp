@@ -60,7 +60,7 @@ int main() {
     // Without a display no home window can be made.
     if (SDL_Init(SDL_INIT_VIDEO) != 0) return 1;
     OpenSoundOutput();
-    LoadPenguinImages(JoinPath(JoinPath(ExecutableFolder(), L"assets"), L"penguin"));
+    LoadPenguinImages(PoseFolder());
     RebuildDisplayWindows();
 
     if (!g_mainWindow) {

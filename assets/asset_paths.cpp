@@ -1,6 +1,11 @@
 // Parent folders and joined paths, in Windows form or, below an absolute
-// Linux path, in the form of Linux.
+// Linux path, in the form of Linux; and where the pose pictures are.
 #include "assets/asset_paths.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "assets/file_paths.h"
 
 namespace {
 
@@ -26,6 +31,13 @@ size_t RootLength(std::wstring_view path) {
 }
 
 // An absolute Linux path: one slash, then a name (two are a network share).
+bool IsDirectory(const std::wstring& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(FilePath(path), error) && !error;
+}
+
+std::wstring PoseFolderIn(std::wstring_view folder) { return JoinPath(JoinPath(folder, L"assets"), L"penguin"); }
+
 bool IsLinuxPath(std::wstring_view path) {
     return path.size() >= 1 && path[0] == L'/' && (path.size() == 1 || path[1] != L'/');
 }
@@ -47,3 +59,17 @@ std::wstring JoinPath(std::wstring_view folder, std::wstring_view name) {
     joined += name;
     return joined;
 }
+
+std::wstring ShareFolder(std::wstring_view executableFolder) {
+    if (executableFolder.empty()) return {};
+    return JoinPath(JoinPath(ParentFolder(executableFolder), L"share"), L"puffino");
+}
+
+std::wstring FindPoseFolder(std::wstring_view executableFolder, std::wstring_view installedFolder) {
+    std::wstring beside = PoseFolderIn(executableFolder);
+    if (installedFolder.empty() || IsDirectory(beside)) return beside;
+    std::wstring installed = PoseFolderIn(installedFolder);
+    return IsDirectory(installed) ? installed : beside;
+}
+
+std::wstring PoseFolder() { return FindPoseFolder(ExecutableFolder(), InstalledFolder()); }

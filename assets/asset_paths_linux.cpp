@@ -1,4 +1,5 @@
-// The executable's own folder, as Linux tells it.
+// The executable's own folder, as Linux tells it, and the share folder an
+// installed copy keeps its pose pictures and fonts in.
 #include <filesystem>
 #include <system_error>
 
@@ -11,3 +12,8 @@ std::wstring ExecutableFolder() {
     if (error) return {};
     return ParentFolder(WidePath(self));
 }
+
+// A package puts the program in /usr/bin and its files in /usr/share/puffino;
+// found from the program's own place, not from a fixed /usr, so that a copy
+// unpacked anywhere else works as well.
+std::wstring InstalledFolder() { return ShareFolder(ExecutableFolder()); }

@@ -30,15 +30,18 @@ std::wstring FontsSubfolder(std::wstring_view folder) {
     return {};
 }
 
-std::wstring FindFontsFolder(std::wstring_view executableFolder) {
-    // The launcher's shared folder wins over one beside this program.
+std::wstring FindFontsFolder(std::wstring_view executableFolder, std::wstring_view installedFolder) {
+    // The launcher's shared folder wins over one beside this program, and
+    // that one over the installed copy's.
     std::wstring fonts = FontsSubfolder(FindLauncherFolder(executableFolder));
     if (!fonts.empty()) return fonts;
-    return FontsSubfolder(executableFolder);
+    fonts = FontsSubfolder(executableFolder);
+    if (!fonts.empty()) return fonts;
+    return FontsSubfolder(installedFolder);
 }
 
 std::wstring FindFontFile(const wchar_t* fileName) {
-    const std::wstring folder = FindFontsFolder(ExecutableFolder());
+    const std::wstring folder = FindFontsFolder(ExecutableFolder(), InstalledFolder());
     if (folder.empty()) return {};
     std::wstring path = JoinPath(folder, fileName);
     return PathExists(path) ? path : std::wstring();

@@ -1,6 +1,7 @@
 // Where the rounded font files are looked for: a "Fonts" folder beside the
 // launcher "Tonkari.exe" (in the program's folder or one folder up), else a
-// "Fonts" folder beside the program. Plain path rules over the standard
+// "Fonts" folder beside the program, else (Linux edition) one in the
+// installed share folder. Plain path rules over the standard
 // library's status queries, so they build natively as well.
 #pragma once
 
@@ -21,8 +22,9 @@ std::wstring FindLauncherFolder(std::wstring_view folder);
 std::wstring FontsSubfolder(std::wstring_view folder);
 
 // The font folder for an executable in the given folder: the launcher's
-// "Fonts" folder when there is one, else the executable's own, else empty.
-std::wstring FindFontsFolder(std::wstring_view executableFolder);
+// "Fonts" folder when there is one, else the executable's own, else that of
+// the installed folder (see InstalledFolder), else empty.
+std::wstring FindFontsFolder(std::wstring_view executableFolder, std::wstring_view installedFolder = {});
 
 // True when anything exists at the path; an error counts as absence.
 bool PathExists(std::wstring_view path);

@@ -1,7 +1,9 @@
 # The art every build of Puffino draws with, made into the build folder:
-# the penguin's pose pictures rendered from their SVG sources, and the two
-# rounded font faces fetched from their pinned npm package.
+# the penguin's pose pictures rendered from their SVG sources, the two
+# rounded font faces fetched from their pinned npm package, and the
+# program's icon in four sizes.
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+set(IMAGEMAGICK_CONVERT /usr/bin/convert)  # the real ImageMagick, by full path
 
 # The penguin's pose pictures, rendered from their SVG sources into
 # assets/penguin of the build folder, where the program finds them beside
@@ -34,3 +36,21 @@ add_custom_command(OUTPUT ${PUFFINO_FONT_FILES}
           -DFONTS_DIR=${PUFFINO_FONTS_DIR} -P ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake
   DEPENDS ${PROJECT_SOURCE_DIR}/cmake/FetchFonts.cmake VERBATIM)
 add_custom_target(fonts ALL DEPENDS ${PUFFINO_FONT_FILES})
+
+# The program's icon, 256, 128, 64 and 32 px: the standing penguin, drawn at
+# each size and centred on a square of transparency. Puffino.exe packs them
+# into its icon group, the Linux edition installs them into the desktop's
+# icon theme.
+set(ICON_SOURCE ${PENGUIN_ART}/idle.svg)
+set(ICON_SIZES 256 128 64 32)
+set(ICON_PNGS "")
+foreach(size IN LISTS ICON_SIZES)
+  set(png ${CMAKE_CURRENT_BINARY_DIR}/resources/icon-${size}.png)
+  add_custom_command(OUTPUT ${png}
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/resources
+    COMMAND ${RSVG_CONVERT} -h ${size} -o ${png} ${ICON_SOURCE}
+    COMMAND ${IMAGEMAGICK_CONVERT} ${png} -background none -gravity center
+            -extent ${size}x${size} ${png}
+    DEPENDS ${ICON_SOURCE} ${PENGUIN_ART}/parts.svg VERBATIM)
+  list(APPEND ICON_PNGS ${png})
+endforeach()

@@ -35,6 +35,8 @@ target_link_libraries(puffino_linux_shell PUBLIC puffino_core PkgConfig::SHELL P
 target_compile_options(puffino_linux_shell PRIVATE ${PUFFINO_WARNINGS})
 add_executable(puffino ${PUFFINO_LINUX_ENTRY_SOURCE})
 target_link_libraries(puffino PRIVATE puffino_linux_shell)
+# The program plays with the pose pictures and fonts of this build beside it.
+add_dependencies(puffino pose_pictures fonts)
 target_compile_options(puffino PRIVATE ${PUFFINO_WARNINGS})
 
 # Every portable header compiles on its own, without Windows headers.
@@ -66,6 +68,9 @@ foreach(target unit_tests unit_tests_sanitized)
 endforeach()
 include(${PROJECT_SOURCE_DIR}/tests/harness/Harness.cmake)
 include(${PROJECT_SOURCE_DIR}/benchmarks/Benchmarks.cmake)
+# The Debian package of the Linux edition, with the core optimised as the
+# benchmarks have it.
+include(${PROJECT_SOURCE_DIR}/cmake/LinuxPackage.cmake)
 
 # Puffino.exe and the Windows test programs, built by the cross toolchain.
 include(ExternalProject)

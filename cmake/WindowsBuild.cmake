@@ -9,23 +9,9 @@ include_directories(${PROJECT_SOURCE_DIR})
 set(PUFFINO_SYSTEM_LIBRARIES gdiplus winmm ole32 uuid shell32 user32 gdi32)
 
 include(${PROJECT_SOURCE_DIR}/cmake/Art.cmake)
-set(IMAGEMAGICK_CONVERT /usr/bin/convert)  # the real ImageMagick, by full path
 
-# The icon group 101 (256, 128, 64 and 32 px): the standing penguin, drawn
-# at each size and centred on a square of transparency.
-set(ICON_SOURCE ${PENGUIN_ART}/idle.svg)
+# The icon group 101: the icon's four sizes in one .ico.
 set(ICON_FILE ${CMAKE_CURRENT_BINARY_DIR}/resources/Puffino.ico)
-set(ICON_PNGS "")
-foreach(size 256 128 64 32)
-  set(png ${CMAKE_CURRENT_BINARY_DIR}/resources/icon-${size}.png)
-  add_custom_command(OUTPUT ${png}
-    COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/resources
-    COMMAND ${RSVG_CONVERT} -h ${size} -o ${png} ${ICON_SOURCE}
-    COMMAND ${IMAGEMAGICK_CONVERT} ${png} -background none -gravity center
-            -extent ${size}x${size} ${png}
-    DEPENDS ${ICON_SOURCE} ${PENGUIN_ART}/parts.svg VERBATIM)
-  list(APPEND ICON_PNGS ${png})
-endforeach()
 add_custom_command(OUTPUT ${ICON_FILE}
   COMMAND ${IMAGEMAGICK_CONVERT} ${ICON_PNGS} ${ICON_FILE}
   DEPENDS ${ICON_PNGS} VERBATIM)

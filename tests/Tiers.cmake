@@ -82,6 +82,11 @@ puffino_e2e_test(two_monitors test_wine_scenarios.TwoMonitors)
 puffino_e2e_test(left_of_primary_at_144_dpi test_wine_scenarios.LeftOfPrimaryAt144Dpi)
 # The shipped files themselves: imports, build time, reproducible zip.
 puffino_e2e_test(release test_release)
+# The Linux edition's Debian package: lintian, its menu entry, its files
+# unpacked (tests/harness/linux_package.py unpacks it for other tests too).
+add_test(NAME e2e.linux_package COMMAND ${Python3_EXECUTABLE} -m unittest -v test_linux_package
+         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
+set_tests_properties(e2e.linux_package PROPERTIES LABELS e2e ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 300)
 # Made into the build tree on every test run, so a change that stops the demo
 # from making them fails here; ./puffino screenshots makes the committed ones.
 add_test(NAME e2e.screenshots

@@ -1,11 +1,16 @@
-// Parent folders and joins in Windows form, the same on every platform.
+// Parent folders and joins in Windows form, the same on every platform; the
+// files beside the program and in the installed share folder.
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
+#include <vector>
 
 #include "assets/asset_paths.h"
 #include "assets/file_paths.h"
+#include "assets/font_folders.h"
 
 namespace {
 
@@ -55,6 +60,50 @@ TEST(FilePaths, Utf8FileNamesAndStrayBytesSurviveTheWideForm) {
     for (const auto& c : cases) {
         EXPECT_EQ(WidePath(std::filesystem::path(c.bytes)), c.wide) << c.bytes;
         EXPECT_EQ(FilePath(c.wide).native(), c.bytes) << c.bytes;
+    }
+}
+
+TEST(AssetPaths, ShareFolder) {
+    EXPECT_EQ(ShareFolder(L"/usr/bin"), L"/usr/share/puffino");
+    EXPECT_EQ(ShareFolder(L"/tmp/unpacked/usr/bin"), L"/tmp/unpacked/usr/share/puffino");
+    EXPECT_EQ(ShareFolder(L"/"), L"/share/puffino");
+    EXPECT_EQ(ShareFolder(L""), L"");  // never the working folder's
+}
+
+// The program lives in bin/ of a fresh tree, its installed files in
+// share/puffino/. Entries ending in '/' are folders, the others empty files.
+TEST(AssetPaths, BesideTheProgramThenTheShareFolder) {
+    const struct {
+        const char* what;
+        std::vector<std::string> entries;
+        const char* poses;  // expected, relative to the tree
+        const char* fonts;  // nullptr for none
+    } cases[] = {
+        {"a build folder", {"bin/assets/penguin/", "bin/Fonts/", "share/puffino/assets/penguin/", "share/puffino/Fonts/"},
+         "bin/assets/penguin", "bin/Fonts"},
+        {"installed", {"share/puffino/assets/penguin/", "share/puffino/Fonts/"}, "share/puffino/assets/penguin",
+         "share/puffino/Fonts"},
+        {"a launcher's folder still wins", {"Tonkari.exe", "Fonts/", "share/puffino/Fonts/"}, "bin/assets/penguin",
+         "Fonts"},
+        {"plain files do not count", {"share/puffino/assets/penguin", "share/puffino/Fonts"}, "bin/assets/penguin",
+         nullptr},
+    };
+    for (const auto& c : cases) {
+        std::string pattern = (std::filesystem::temp_directory_path() / "puffino-paths-XXXXXX").string();
+        const std::filesystem::path root = mkdtemp(pattern.data());
+        std::filesystem::create_directories(root / "bin");
+        for (const std::string& entry : c.entries) {
+            const std::filesystem::path path = root / entry;
+            std::filesystem::create_directories(entry.back() == '/' ? path : path.parent_path());
+            if (entry.back() != '/') std::ofstream{path};
+        }
+        const std::wstring program = (root / "bin").wstring();
+        EXPECT_EQ(FindPoseFolder(program, ShareFolder(program)), (root / c.poses).wstring()) << c.what;
+        EXPECT_EQ(FindFontsFolder(program, ShareFolder(program)), c.fonts ? (root / c.fonts).wstring() : L"")
+            << c.what;
+        // Puffino.exe has no installed folder: only what stands beside it.
+        EXPECT_EQ(FindPoseFolder(program, L""), (root / "bin/assets/penguin").wstring()) << c.what;
+        std::filesystem::remove_all(root);
     }
 }
 

@@ -30,6 +30,7 @@ puffino_wine_tests(shell_tests
 puffino_wine_tests(resources_tests
   ${CMAKE_CURRENT_LIST_DIR}/resources_tests.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
+  ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
 add_dependencies(resources_tests Puffino)
 target_link_libraries(resources_tests PRIVATE version)
@@ -55,6 +56,7 @@ set(POSE_LOADER_SOURCES
   ${PROJECT_SOURCE_DIR}/assets/sprite_prepare_win.cpp
   ${PROJECT_SOURCE_DIR}/assets/sprite_filters.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
+  ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)
 puffino_wine_tests(picture_tests
   ${CMAKE_CURRENT_LIST_DIR}/penguin_images_tests.cpp
