@@ -71,7 +71,11 @@ int main() {
     }
 
     ReassertTopmost();
-    SDL_RaiseWindow(g_mainWindow);  // the foreground, as on Windows
+    // The foreground, as on Windows: raised, and focused even where no
+    // window manager acts on SDL's request (the last window shown had the
+    // focus until now).
+    SDL_RaiseWindow(g_mainWindow);
+    SDL_SetWindowInputFocus(g_mainWindow);
     StartTimers();
     InstallKeyboardGuard();
     ClampMasterVolume();
