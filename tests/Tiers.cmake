@@ -86,14 +86,17 @@ puffino_e2e_test(release test_release)
 # from making them fails here; ./puffino screenshots makes the committed ones.
 add_test(NAME e2e.screenshots
          COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/screenshots.py ${CMAKE_BINARY_DIR}/screenshots)
-set_tests_properties(e2e.screenshots PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2e
-                     ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+set_tests_properties(e2e.screenshots PROPERTIES LABELS e2e ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
 # A minute of a toddler's play on two monitors at 144 DPI; ./puffino soak
-# runs it for longer.
-add_test(NAME e2e.soak COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/soak.py --minutes 1
-         --out ${CMAKE_BINARY_DIR}/test-artifacts/soak)
+# runs it for longer. Each edition: Puffino.exe under Wine, the Linux
+# edition on a headless Xorg.
+add_test(NAME e2e.soak COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/soak.py --edition wine
+         --minutes 1 --out ${CMAKE_BINARY_DIR}/test-artifacts/soak)
 set_tests_properties(e2e.soak PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2e
                      ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+add_test(NAME e2e.soak_native COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/soak.py --edition native
+         --minutes 1 --out ${CMAKE_BINARY_DIR}/test-artifacts/soak-native)
+set_tests_properties(e2e.soak_native PROPERTIES LABELS e2e ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
 
 # The fuzzers: a few seconds each (label fuzz), from the committed seeds and
 # what earlier runs kept in build/fuzz/corpus; `./puffino fuzz` runs them

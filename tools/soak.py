@@ -1,17 +1,21 @@
 #!/usr/bin/env python3
-"""Puffino left alone with a toddler: plays the real Puffino.exe under Wine on
-two monitors at 144 DPI for a while, with clicks on whatever moves (the
-bubbles), holds on the penguin, presses of the sound button and random keys
-through the keyboard guard.
+"""Puffino left alone with a toddler: plays the real program on two monitors
+at 144 DPI for a while, with clicks on whatever moves (the bubbles), holds on
+the penguin, presses of the sound button and random keys through the
+keyboard guard. The Linux edition on a headless Xorg (--edition native, the
+default), or Puffino.exe under Wine in Xvfb (--edition wine).
 
-  soak.py [--minutes M] [--seed S] [--out FOLDER]
+  soak.py [--edition native|wine] [--minutes M] [--seed S] [--out FOLDER]
 
-Every few seconds it samples Puffino's committed memory and its live GDI
-objects, and checks that both windows are still there and topmost. It fails
-(exit code 1) on a crash, an early exit, a window lost or out of the topmost
-band, growth of memory or GDI objects beyond a small bound after the
-warm-up, an exit code other than 0 when play ends, or no best score on disk
-afterwards. The samples go to FOLDER/soak.json."""
+Every few seconds it samples Puffino's memory (under Wine: committed memory
+and live GDI objects; natively: its private resident memory) and checks
+that both windows are still there and topmost. It fails (exit code 1) on a
+crash, an early exit, a window lost or out of the topmost band, growth of
+memory or GDI objects beyond a small bound after the warm-up, an exit code
+other than 0 when play ends, or no best score on disk afterwards. Natively
+it also reads the program's own time from each frame tick to its pixels on
+the screen (the PUFFINO_FRAME_TIMES file) and reports its median and 95th
+percentile. The samples go to FOLDER/soak.json."""
 
 import argparse
 import json
@@ -23,7 +27,8 @@ from pathlib import Path
 import numpy
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
-from wine_session import BUILD, TWO_MONITORS, WM_CLOSE, WS_EX_TOPMOST, WinePuffino  # noqa: E402
+from native_session import NativeSession  # noqa: E402
+from wine_session import BUILD, TWO_MONITORS, WM_CLOSE, WinePuffino  # noqa: E402
 
 DPI = 144
 # The home monitor's controls at 144 DPI (X coordinates; the home monitor
@@ -94,6 +99,60 @@ class Toddler:
         self.actions["holds"] += 1
 
 
+class WineEdition:
+    """Puffino.exe under Wine; its probe counts memory and GDI objects."""
+
+    def __init__(self, out):
+        self.session = WinePuffino("soak", TWO_MONITORS, DPI, artifacts=out)
+
+    def start(self):
+        self.session.start(learn=False)
+        self.process, self.pid = self.session.process, self.session.started[0]["pid"]
+
+    def sample(self):
+        return self.session.probe("resources", self.pid)
+
+    def end(self):
+        self.session.post(self.session.windows()[0], WM_CLOSE)
+
+    def profile(self):
+        return self.session.app_data()
+
+    def frame_times(self):
+        return []
+
+
+class NativeEdition:
+    """The Linux edition on a headless Xorg, timing its own frames."""
+
+    def __init__(self, out):
+        self.session = NativeSession("soak", TWO_MONITORS, DPI, artifacts=out)
+        self.times = None
+
+    def start(self):
+        session = self.session
+        self.times = session.root / "frame-times.txt"
+        self.process = session.launch(env={"PUFFINO_FRAME_TIMES": str(self.times)})
+        deadline = time.monotonic() + 30
+        while len(session.windows()) < len(TWO_MONITORS):  # bounded: a start that fails is reported
+            if time.monotonic() > deadline or self.process.poll() is not None:
+                raise SystemExit("soak: Puffino did not show its windows")
+            time.sleep(0.05)
+        self.pid = self.process.pid
+
+    def sample(self):
+        return {"gdi": 0, "committed": self.session.memory(self.pid)}
+
+    def end(self):
+        self.session.xdotool("key", "alt+F4")
+
+    def profile(self):
+        return self.session.profile()
+
+    def frame_times(self):  # microseconds, one a tick, after the warm-up's first 30 ticks
+        return [int(line) for line in self.times.read_text().split()[30:]] if self.times.exists() else []
+
+
 def check_windows(session, process):
     """None when Puffino runs with both windows topmost; else what is wrong."""
     if process.poll() is not None:
@@ -101,7 +160,7 @@ def check_windows(session, process):
     windows = session.windows()
     if len(windows) != len(TWO_MONITORS):
         return f"{len(windows)} windows instead of {len(TWO_MONITORS)}"
-    lost = [w["hwnd"] for w in windows if not (w["exstyle"] & WS_EX_TOPMOST and w["visible"])]
+    lost = [w["id"] for w in windows if not (w["topmost"] and w["visible"])]
     return f"windows {lost} hidden or out of the topmost band" if lost else None
 
 
@@ -119,15 +178,19 @@ def growth_problem(samples, warm_up):
     return None
 
 
-def soak(minutes, seed, out):
+def percentile(values, share):
+    return sorted(values)[min(len(values) - 1, int(len(values) * share))] if values else None
+
+
+def soak(edition, minutes, seed, out):
     """Plays for that long; returns (problem or None, report)."""
     out.mkdir(parents=True, exist_ok=True)
     seconds = minutes * 60
     warm_up = min(60.0, seconds / 4)
-    with WinePuffino("soak", TWO_MONITORS, DPI, artifacts=out) as session:
-        session.start(learn=False)
-        process, windows = session.process, session.started
-        pid = windows[0]["pid"]
+    player = (NativeEdition if edition == "native" else WineEdition)(out)
+    with player.session as session:
+        player.start()
+        process = player.process
         toddler = Toddler(session, seed)
         samples, problem = [], None
         start = time.monotonic()
@@ -136,7 +199,7 @@ def soak(minutes, seed, out):
             if time.monotonic() >= next_sample:
                 problem = check_windows(session, process)
                 if problem is None:
-                    sample = session.probe("resources", pid)
+                    sample = player.sample()
                     sample["seconds"] = time.monotonic() - start
                     samples.append(sample)
                     next_sample += SAMPLE_SECONDS
@@ -146,30 +209,37 @@ def soak(minutes, seed, out):
         session.screenshot("soak-end")
         if problem is None:
             session.xdotool("mouseup", 1)
-            session.post(session.windows()[0], WM_CLOSE)
+            player.end()
             code = session.wait_exit(process)
             if code != 0:
                 problem = f"play ended with exit code {code}"
-        best_file = session.app_data() / "high_score.txt"
+        best_file = player.profile() / "high_score.txt"
         best = best_file.read_bytes().decode("ascii", "replace").strip() if best_file.is_file() else None
         if problem is None and not (best and best.isdigit() and int(best) > 0):
             problem = f"no best score on disk after play: {best!r}"
-    report = {"minutes": minutes, "seed": seed, "actions": toddler.actions, "best score": best,
-              "problem": problem, "samples": samples}
+        times = player.frame_times()
+    frames = {"ticks": len(times), "median ms": (percentile(times, 0.5) or 0) / 1000,
+              "95th percentile ms": (percentile(times, 0.95) or 0) / 1000} if times else None
+    report = {"edition": edition, "minutes": minutes, "seed": seed, "actions": toddler.actions, "best score": best,
+              "problem": problem, "frame times": frames, "samples": samples}
     (out / "soak.json").write_text(json.dumps(report, indent=1))
     return problem, report
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--edition", choices=("native", "wine"), default="native")
     parser.add_argument("--minutes", type=float, default=10)
     parser.add_argument("--seed", type=int, default=None)
     parser.add_argument("--out", type=Path, default=BUILD / "soak")
     args = parser.parse_args()
     seed = args.seed if args.seed is not None else random.randrange(1 << 30)
-    problem, report = soak(args.minutes, seed, args.out)
+    problem, report = soak(args.edition, args.minutes, seed, args.out)
     samples = report["samples"]
-    print(f"soak: {args.minutes} min, seed {seed}, {report['actions']}, best score {report['best score']}")
+    print(f"soak: {args.edition}, {args.minutes} min, seed {seed}, {report['actions']}, "
+          f"best score {report['best score']}")
+    if report["frame times"]:
+        print(f"soak: tick to screen {report['frame times']}")
     if samples:
         print(f"soak: GDI objects {samples[0]['gdi']} -> {samples[-1]['gdi']} (max {max(s['gdi'] for s in samples)}),"
               f" committed MiB {samples[0]['committed'] / 2**20:.1f} -> {samples[-1]['committed'] / 2**20:.1f}"
