@@ -71,11 +71,7 @@ int main() {
     }
 
     ReassertTopmost();
-    // The foreground, as on Windows: raised, and focused even where no
-    // window manager acts on SDL's request (the last window shown had the
-    // focus until now).
-    SDL_RaiseWindow(g_mainWindow);
-    SDL_SetWindowInputFocus(g_mainWindow);
+    BringToForeground(g_mainWindow);  // as on Windows
     StartTimers();
     InstallKeyboardGuard();
     ClampMasterVolume();
