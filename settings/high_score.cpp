@@ -34,9 +34,10 @@ void LoadBestScore() {
 void SaveBestScore() {
     const int32_t value = g_bestScore;
     EnsureAppDataDirectory();
-    // Text mode, so that the line feed is stored as CR LF on Windows.
-    std::ofstream file(HighScoreFile(), std::ios::out | std::ios::trunc);
+    // CR LF on every platform: the Linux edition writes the file as the
+    // Windows edition always has (no text-mode translation anywhere).
+    std::ofstream file(HighScoreFile(), std::ios::out | std::ios::trunc | std::ios::binary);
     if (!file) return;
     file.imbue(std::locale::classic());
-    file << value << '\n';
+    file << value << "\r\n";
 }
