@@ -2,9 +2,10 @@
 // through the Linux edition's own scenery painting, so that the harness
 // knows each theme as the native windows show it.
 //
-//   scenery_gallery FOLDER
+//   scenery_gallery FOLDER   (made if missing)
 #include <cairo.h>
 
+#include <filesystem>
 #include <string>
 
 #include "render/frame_buffers.h"
@@ -12,6 +13,8 @@
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
+    std::error_code ignored;
+    std::filesystem::create_directories(argv[1], ignored);
     const char* const themes[kSceneryThemeCount] = {"seaside", "mountains", "park", "garden", "flower-field"};
     int failures = 0;
     for (const auto& [width, height] : {std::pair{1920, 1080}, std::pair{1280, 1024}}) {
