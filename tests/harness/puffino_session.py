@@ -40,6 +40,7 @@ class PuffinoSession:
     files there that the system rewrites (written_by_the_system)."""
 
     written_by_the_system = ()
+    ink_tolerance = 0  # how far a label's text pixels may stray from its colour
 
     def __init__(self):
         self.process = self.sight = None
@@ -156,7 +157,7 @@ class PuffinoSession:
         frame = self.grab()
         self.keep(frame, f"labels-{scale}")
         for name, box, corner, colour, least in LABELS:
-            ink = count(frame, self.on_home(scaled(box, corner, scale)), colour)
+            ink = count(frame, self.on_home(scaled(box, corner, scale)), colour, self.ink_tolerance)
             check(ink > least * scale * scale, f"{name}: {ink} pixels of its ink")
 
     def expect_screen(self, shows=(), hides=(), within=30):  # a frame with all those looks, none of the hidden
