@@ -3,10 +3,11 @@
 #include <system_error>
 
 #include "assets/asset_paths.h"
+#include "assets/file_paths.h"
 
 std::wstring ExecutableFolder() {
     std::error_code error;
     const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
     if (error) return {};
-    return ParentFolder(self.wstring());
+    return ParentFolder(WidePath(self));
 }

@@ -6,10 +6,11 @@
 #include <system_error>
 
 #include "assets/asset_paths.h"
+#include "assets/file_paths.h"
 
 bool PathExists(std::wstring_view path) {
     std::error_code error;
-    return std::filesystem::exists(std::filesystem::path(path), error) && !error;
+    return std::filesystem::exists(FilePath(path), error) && !error;
 }
 
 std::wstring FindLauncherFolder(std::wstring_view folder) {
@@ -25,7 +26,7 @@ std::wstring FontsSubfolder(std::wstring_view folder) {
     if (folder.empty()) return {};
     std::wstring fonts = JoinPath(folder, kFontsFolderName);
     std::error_code error;
-    if (std::filesystem::is_directory(std::filesystem::path(fonts), error) && !error) return fonts;
+    if (std::filesystem::is_directory(FilePath(fonts), error) && !error) return fonts;
     return {};
 }
 

@@ -15,6 +15,7 @@
 #include <string_view>
 #include <vector>
 
+#include "assets/file_paths.h"
 #include "assets/font_folders.h"
 #include "assets/fonts.h"
 #include "render/canvas_linux.h"
@@ -71,7 +72,7 @@ const FontFace* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName) {
     font.attempted = true;
     const std::wstring path = FindFontFile(fileName);
     if (path.empty()) return nullptr;
-    std::ifstream stream(std::filesystem::path(path), std::ios::binary);
+    std::ifstream stream(FilePath(path), std::ios::binary);
     font.bytes.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
     FT_Face face = nullptr;
     if (font.bytes.empty() || !Library() ||

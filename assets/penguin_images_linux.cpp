@@ -8,6 +8,7 @@
 #include <system_error>
 #include <vector>
 
+#include "assets/file_paths.h"
 #include "assets/sprite_filters.h"
 
 void PosePictureDeleter::operator()(PosePicture* picture) const {
@@ -38,7 +39,7 @@ std::vector<uint8_t> DecodePng(const std::filesystem::path& file, int32_t& width
 
 PoseSlot LoadSpriteFile(const std::wstring& path) {
     if (path.empty()) return nullptr;
-    const std::filesystem::path file(path);
+    const std::filesystem::path file = FilePath(path);
     std::error_code error;
     if (!std::filesystem::is_regular_file(file, error) || error) return nullptr;
     int32_t width = 0, height = 0;

@@ -9,8 +9,10 @@ find_package(PkgConfig REQUIRED)
 pkg_check_modules(DRAWING REQUIRED IMPORTED_TARGET cairo freetype2 fontconfig libpng)
 # The Linux edition's shell: SDL for windows, input, keyboard grab and sound;
 # Xlib for what SDL leaves out on X11 (raising without focus, the desktop's
-# Xft.dpi, display changes); PulseAudio's client for the volume ceiling.
-pkg_check_modules(SHELL REQUIRED IMPORTED_TARGET sdl2 x11 xrandr libpulse)
+# Xft.dpi, display changes). PulseAudio's client holds the volume ceiling:
+# the core's master-volume file uses it (the unit tests link a stand-in).
+pkg_check_modules(SHELL REQUIRED IMPORTED_TARGET sdl2 x11 xrandr)
+pkg_check_modules(SOUND_SERVER REQUIRED IMPORTED_TARGET libpulse)
 
 set(PUFFINO_WARNINGS -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion)
 set(PUFFINO_SANITIZERS -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -29,7 +31,7 @@ puffino_core_library(puffino_core_sanitized ${PUFFINO_SANITIZERS})
 
 # The Linux edition: its shell over the core, and the program.
 add_library(puffino_linux_shell STATIC ${PUFFINO_LINUX_SHELL_SOURCES})
-target_link_libraries(puffino_linux_shell PUBLIC puffino_core PkgConfig::SHELL)
+target_link_libraries(puffino_linux_shell PUBLIC puffino_core PkgConfig::SHELL PkgConfig::SOUND_SERVER)
 target_compile_options(puffino_linux_shell PRIVATE ${PUFFINO_WARNINGS})
 add_executable(puffino ${PUFFINO_LINUX_ENTRY_SOURCE})
 target_link_libraries(puffino PRIVATE puffino_linux_shell)

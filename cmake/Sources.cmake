@@ -28,12 +28,12 @@ foreach(dir IN LISTS PUFFINO_SUBSYSTEMS)
   endforeach()
 endforeach()
 
-# The Linux edition's shell: the files that talk to SDL or PulseAudio. They
-# stand apart from the core so that the native tests, which link stand-ins
-# for these services, never link SDL or the sound server's client.
+# The Linux edition's shell: the files of app/ that talk to SDL and X11.
+# They stand apart from the core so that the native tests, which link
+# stand-ins for the platform's services, never link SDL.
 set(PUFFINO_LINUX_SHELL_SOURCES "")
 foreach(source IN LISTS PUFFINO_LINUX_SOURCES)
-  if(source MATCHES "/app/[^/]*_linux\\.cpp$" OR source MATCHES "/settings/master_volume_linux\\.cpp$")
+  if(source MATCHES "/app/[^/]*_linux\\.cpp$")
     list(APPEND PUFFINO_LINUX_SHELL_SOURCES "${source}")
   endif()
 endforeach()

@@ -3,21 +3,29 @@
 #include <filesystem>
 #include <system_error>
 
+#include "assets/file_paths.h"
 #include "settings/settings.h"
+
+std::filesystem::path ConfigurationBase(const char* xdgConfigHome, const char* home) {
+    const auto absolute = [](const char* path) { return path && path[0] == '/'; };
+    if (absolute(xdgConfigHome)) return xdgConfigHome;
+    if (absolute(home)) return std::filesystem::path(home) / ".config";
+    return ".";
+}
 
 std::wstring GetAppDataDirectory() {
     // The path operator adds one separator, and none after a base that
     // already ends in one.
-    return (std::filesystem::path(RoamingAppDataBase()) / L"morvenda" / L"Tonkari" / L"Puffino").wstring();
+    return WidePath(FilePath(RoamingAppDataBase()) / "morvenda" / "Tonkari" / "Puffino");
 }
 
 std::wstring AppDataFile(std::wstring_view name) {
-    return (std::filesystem::path(GetAppDataDirectory()) / name).wstring();
+    return WidePath(FilePath(GetAppDataDirectory()) / FilePath(name));
 }
 
 void EnsureAppDataDirectory() {
     // A folder that cannot be made shows later as a missing file: the
     // settings keep their defaults and the best score is not kept.
     std::error_code ignored;
-    std::filesystem::create_directories(GetAppDataDirectory(), ignored);
+    std::filesystem::create_directories(FilePath(GetAppDataDirectory()), ignored);
 }

@@ -6,13 +6,14 @@
 #include <fstream>
 #include <locale>
 
+#include "assets/file_paths.h"
 #include "settings/settings.h"
 
 int32_t g_bestScore = 0;
 
 namespace {
 
-std::filesystem::path HighScoreFile() { return AppDataFile(L"high_score.txt"); }
+std::filesystem::path HighScoreFile() { return FilePath(AppDataFile(L"high_score.txt")); }
 
 }  // namespace
 
@@ -34,8 +35,8 @@ void LoadBestScore() {
 void SaveBestScore() {
     const int32_t value = g_bestScore;
     EnsureAppDataDirectory();
-    // CR LF on every platform: the Linux edition writes the file as the
-    // Windows edition always has (no text-mode translation anywhere).
+    // CR LF written out, so that the file has the same bytes in both
+    // editions and can be copied between them.
     std::ofstream file(HighScoreFile(), std::ios::out | std::ios::trunc | std::ios::binary);
     if (!file) return;
     file.imbue(std::locale::classic());

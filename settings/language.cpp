@@ -34,3 +34,17 @@ void SetLanguageTexts(Language language) {
     InstructionText = english ? kInstructionEnglish : kInstructionJapanese;
     HintText = english ? kHintEnglish : kHintJapanese;
 }
+
+uint16_t UiLanguageFromLocale(const char* lcAll, const char* lcMessages, const char* lang) {
+    const char* locale = nullptr;
+    for (const char* value : {lcAll, lcMessages, lang}) {
+        if (value && *value) {
+            locale = value;
+            break;
+        }
+    }
+    const std::string_view name = locale ? locale : "";
+    // The language part ends at the territory, the code set or the modifier.
+    const bool japanese = name.substr(0, name.find_first_of("_.@")) == "ja";
+    return japanese ? 0x0411 : 0x0409;
+}

@@ -23,5 +23,11 @@ void SetupLanguage(std::wstring_view configured);
 // UI language identifier, whose primary language 0x11 is Japanese.
 Language ChooseLanguage(std::wstring_view configured, uint16_t uiLanguage);
 
+// The Linux edition's stand-in for the UI language identifier: the user's
+// locale as the C library ranks the variables (LC_ALL, else LC_MESSAGES,
+// else LANG; an empty one counts as unset). "ja" and "ja_JP.UTF-8" give
+// Japanese (0x0411), anything else English (0x0409).
+uint16_t UiLanguageFromLocale(const char* lcAll, const char* lcMessages, const char* lang);
+
 // Sets InstructionText and HintText to the language's texts.
 void SetLanguageTexts(Language language);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,10 @@ struct Settings {
 // The roaming application data (Win32 layer): the known folder, else the
 // "APPDATA" variable, else "." (the current folder).
 std::wstring RoamingAppDataBase();
+
+// The Linux edition's base for it: $XDG_CONFIG_HOME when it is an absolute
+// path, else $HOME/.config when HOME is one, else "." (the current folder).
+std::filesystem::path ConfigurationBase(const char* xdgConfigHome, const char* home);
 
 // <roaming application data>\morvenda\Tonkari\Puffino. No file-system
 // access besides the folder lookup.

@@ -35,6 +35,28 @@ TEST(Language, ConfiguredPrefixElseUiLanguage) {
     }
 }
 
+TEST(Language, TheLinuxLocaleAsTheCLibraryRanksIt) {
+    constexpr uint16_t ja = 0x0411, en = 0x0409;
+    const struct { const char* all; const char* messages; const char* lang; uint16_t expected; } cases[] = {
+        {nullptr, nullptr, "ja_JP.UTF-8", ja}, {nullptr, nullptr, "ja", ja},  {nullptr, nullptr, "ja@x", ja},
+        {nullptr, nullptr, "en_US.UTF-8", en}, {nullptr, nullptr, "C", en},   {nullptr, nullptr, nullptr, en},
+        {"C.UTF-8", "ja_JP", "ja_JP", en},     {nullptr, "en_GB", "ja_JP", en}, {"", "", "ja_JP.eucJP", ja},
+        {nullptr, nullptr, "jam_JM", en},      {nullptr, nullptr, "JA_JP", en},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(UiLanguageFromLocale(c.all, c.messages, c.lang), c.expected)
+            << (c.all ? c.all : "-") << " " << (c.messages ? c.messages : "-") << " " << (c.lang ? c.lang : "-");
+    }
+}
+
+TEST(AppDataFolder, TheLinuxConfigurationFolder) {
+    EXPECT_EQ(ConfigurationBase("/home/k/.cfg", "/home/k"), "/home/k/.cfg");
+    EXPECT_EQ(ConfigurationBase(nullptr, "/home/k"), "/home/k/.config");
+    EXPECT_EQ(ConfigurationBase("relative", "/home/k"), "/home/k/.config");  // only absolute paths count
+    EXPECT_EQ(ConfigurationBase("", ""), ".");
+    EXPECT_EQ(ConfigurationBase(nullptr, nullptr), ".");
+}
+
 TEST(VolumeClamp, LowersNeverRaisesAndOpensNothingWithoutACeiling) {
     const struct {
         const char* what;

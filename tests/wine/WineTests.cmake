@@ -42,8 +42,9 @@ target_compile_definitions(resources_tests PRIVATE
 file(GLOB SETTINGS_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/settings/*.cpp)
 list(FILTER SETTINGS_SOURCES EXCLUDE REGEX "_linux\\.cpp$")
 puffino_wine_tests(settings_tests
-  ${CMAKE_CURRENT_LIST_DIR}/settings_tests.cpp
+  ${PROJECT_SOURCE_DIR}/tests/settings_files_test.cpp
   ${SETTINGS_SOURCES}
+  ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp
   ${PROJECT_SOURCE_DIR}/app/shell.cpp)
 
 # The pose pictures' loading with its fallbacks and their clean-up.
@@ -81,6 +82,7 @@ puffino_wine_tests(text_tests
   ${CMAKE_CURRENT_LIST_DIR}/font_tests.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp
+  ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/font_folders.cpp
   ${PROJECT_SOURCE_DIR}/assets/fonts.cpp
   ${PROJECT_SOURCE_DIR}/assets/fonts_win.cpp)

@@ -1,7 +1,8 @@
-// config.ini and high_score.txt on real files under Wine: the profile
-// functions' reading of numbers, aliases and the language, and the text
-// streams' line ends. Each run of this program has a fresh prefix of its
-// own, so the tests use the real roaming application-data folder.
+// config.ini and high_score.txt on real files, in both editions: under Wine
+// through the real profile functions (each run has a fresh prefix of its
+// own, so the tests use the real roaming application-data folder), natively
+// through the Linux edition's reading of the same files (in a folder of the
+// test process). One table, so that a file reads the same in both.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -95,6 +96,18 @@ TEST(ConfigFile, ValuesAliasesLimitsAndMalformedFiles) {
         {"ANSI without a byte-order mark",
          "[Puffino]\r\nSoundEnabled=0\r\nVolumeClampPercent=25\r\nBlockSystemShortcuts=0\r\n[UI]\r\nLanguage=en\r\n",
          {25, false, false, L"en"}},
+        {"names in any case", u(L"[puffino]\r\nsoundenabled=0\r\n[ui]\r\nLANGUAGE=en"), {0, true, false, L"en"}},
+        {"a quoted language", u(L"[UI]\r\nLanguage=\"en\""), {0, true, true, L"en"}},
+        {"empty values keep their defaults", u(L"[Puffino]\r\nSoundEnabled=\r\nVolumeClampPercent=\r\n"
+                                               L"MasterVolumeClampPercent=40"), {40, true, true, L""}},
+        {"a plus sign", u(L"[Puffino]\r\nVolumeClampPercent=+30"), {30, true, true, L""}},
+        {"hexadecimal", u(L"[Puffino]\r\nVolumeClampPercent=0x20"), {32, true, true, L""}},
+        {"a capital X is no prefix", u(L"[Puffino]\r\nVolumeClampPercent=0X20"), {0, true, true, L""}},
+        {"binary", u(L"[Puffino]\r\nVolumeClampPercent=0b101"), {5, true, true, L""}},
+        {"octal", u(L"[Puffino]\r\nVolumeClampPercent=0o17"), {15, true, true, L""}},
+        {"a sign before hexadecimal", u(L"[Puffino]\r\nVolumeClampPercent=-0x5\r\nSoundEnabled=0x"), {0, true, false, L""}},
+        {"UTF-8 with its mark and bare line feeds",
+         "\xEF\xBB\xBF[Puffino]\nSoundEnabled=0\n[UI]\nLanguage=en\n", {0, true, false, L"en"}},
         {"a megabyte: half a million characters of comments and a 200000-character line",
          u(L"[Puffino]\r\n" + comments + L"VolumeClampPercent=30\r\n[UI]\r\nLanguage=" + longLine),
          {30, true, true, longLine.substr(0, 63)}},
