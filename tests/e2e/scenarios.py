@@ -163,7 +163,8 @@ DESKTOP_SHORTCUTS = ("alt+Tab", "super", "ctrl+Escape")
 
 LINUX_TWO_MONITORS = {
     "a 64-character launch value": [  # one too long names no monitor: play starts on the primary
-        step.start(launch_monitor=" " * 48 + "1920,0,3200,1024", learn=False), step.expect_windows(HOME, OTHER, home=HOME),
+        step.start(launch_monitor=" " * 48 + "1920,0,3200,1024", learn=False),
+        step.expect_windows(HOME, OTHER, home=HOME),
         step.end_through(OTHER),
     ],
     "the best score as the Windows edition writes it": [  # read, and only a higher one written
