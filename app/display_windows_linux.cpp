@@ -145,6 +145,19 @@ void RebuildDisplayWindows() {
     }
 }
 
+void BringToForeground(WindowHandle window) {
+    SDL_RaiseWindow(window);
+    // Where no window manager acts on SDL's request the last window shown
+    // keeps the focus; and SDL's own focus call leaves the desktop without
+    // one (no shortcut works) once play ends: the focus reverts to the
+    // pointer's window instead.
+    Display* display = nullptr;
+    Window xwindow = 0;
+    if (!X11Window(window, display, xwindow)) return;
+    XSetInputFocus(display, xwindow, RevertToPointerRoot, CurrentTime);
+    XFlush(display);
+}
+
 void ReassertTopmost() {
     for (const DisplayWindow& window : g_displayWindows) {
         if (!window.hwnd) continue;

@@ -60,8 +60,12 @@ void InstallKeyboardGuard() {
 void GrabKeyboardFor(WindowHandle window) {
     // SDL holds the grab for the window with the focus only; whichever
     // display window a window manager focuses asks for it. A grab the
-    // display server refuses leaves play running unguarded.
-    if (g_guardInstalled && window) SDL_SetWindowKeyboardGrab(window, SDL_TRUE);
+    // display server refuses leaves play running unguarded. SDL ignores a
+    // request for a window it already marks as grabbed, though the grab
+    // waited for the focus: the mark is cleared so that this one counts.
+    if (!g_guardInstalled || !window) return;
+    SDL_SetWindowKeyboardGrab(window, SDL_FALSE);
+    SDL_SetWindowKeyboardGrab(window, SDL_TRUE);
 }
 
 void RemoveKeyboardGuard() {

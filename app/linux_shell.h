@@ -21,6 +21,11 @@ void CloseSoundOutput();
 // Plays a WAV image of the sound bank, cutting off the one playing.
 void PlaySoundImage(const uint8_t* image);
 
+// The foreground for the home window at start-up (display_windows_linux.cpp):
+// raised and given the keyboard focus, which goes back to the desktop when
+// the window goes.
+void BringToForeground(WindowHandle window);
+
 // Painting (window_painting_linux.cpp): a client rectangle of a window to
 // compose and show at the next paint; PaintWindows composes every pending
 // rectangle and puts it on the screen.

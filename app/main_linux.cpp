@@ -71,7 +71,7 @@ int main() {
     }
 
     ReassertTopmost();
-    SDL_RaiseWindow(g_mainWindow);  // the foreground, as on Windows
+    BringToForeground(g_mainWindow);  // as on Windows
     StartTimers();
     InstallKeyboardGuard();
     ClampMasterVolume();

@@ -2,7 +2,8 @@
 # e2e and fuzz name them.
 #  unit: native GoogleTest on the portable core, plain and sanitized.
 #  wine: GoogleTest programs built with mingw, run under Wine by the harness.
-#  e2e:  the real Puffino.exe under Wine in Xvfb, driven from Python.
+#  e2e:  the real Puffino.exe under Wine in Xvfb, and the Linux edition on a
+#        dummy Xorg, driven from Python.
 #  fuzz: libFuzzer on the portable core, natively, a few seconds each.
 set(HARNESS_DIR ${PROJECT_SOURCE_DIR}/tests/harness)
 set(WINE_TEST_PROGRAMS ${PUFFINO_WINDOWS_BUILD}/tests)
@@ -80,6 +81,14 @@ puffino_wine_test(pictures.without_fonts
 # lives through, the installer and the unpacked zip.
 puffino_e2e_test(two_monitors test_wine_scenarios.TwoMonitors)
 puffino_e2e_test(left_of_primary_at_144_dpi test_wine_scenarios.LeftOfPrimaryAt144Dpi)
+# The Linux edition plays the shared tables and its own on a dummy Xorg with
+# two monitors, learning the landscapes from a gallery painted once a run.
+add_test(NAME e2e.native_gallery COMMAND scenery_gallery ${CMAKE_BINARY_DIR}/native/gallery)
+set_tests_properties(e2e.native_gallery PROPERTIES FIXTURES_SETUP native_gallery LABELS e2e)
+add_test(NAME e2e.native_two_monitors COMMAND ${Python3_EXECUTABLE} -m unittest -v
+         test_native_scenarios.NativeTwoMonitors WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
+set_tests_properties(e2e.native_two_monitors PROPERTIES FIXTURES_REQUIRED native_gallery LABELS e2e
+                     ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
 # The shipped files themselves: imports, build time, reproducible zip.
 puffino_e2e_test(release test_release)
 # The Linux edition's Debian package: lintian, its menu entry, its files

@@ -1,7 +1,12 @@
 """What a person does with Puffino and what they see: a table of steps per
-scenario, grouped by the monitors they need, each from a fresh profile."""
+scenario, grouped by the monitors they need, each from a fresh profile.
+Both editions play TWO_MONITORS; WINDOWS_TWO_MONITORS and the left-of-primary
+layout only Puffino.exe (display and DPI messages, the zip, the installer,
+the low-level keyboard hook); LINUX_TWO_MONITORS only the Linux edition (the
+X keyboard grab, PulseAudio)."""
 
 import re
+import unittest
 
 from puffino_session import step
 
@@ -72,6 +77,31 @@ TWO_MONITORS = {
         step.flip_sound_button(),
         step.end_through(HOME),
     ],
+    **{name: [
+        step.given_file("config.ini", VOLUME_CEILING), step.start(sound_device=device, learn=False),
+        step.hold_penguin(let_go=True),
+        step.take_out_of_topmost(), step.expect_playing(within=5),  # the ceiling finds no device
+        step.expect_heard(0),
+        step.end_through(HOME),
+    ] for name, device in (("no sound driver", False), ("no playback device", "none"))},
+    "the best-score file taken away while playing, then the end twice at once": [
+        step.start(), step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", BEST),
+        step.damage("high_score.txt", "read-only"), step.remember_file("high_score.txt"),
+        step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", "unchanged"),
+        step.damage("high_score.txt", "writable"), step.damage("high_score.txt", "a folder"),
+        step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", "a folder"),
+        step.damage("high_score.txt", "deleted"),
+        step.pop_bubble(anywhere=True), step.expect_best_raised(3),  # every pop counted, in memory
+        step.remember_file("high_score.txt"),
+        step.finish_and_alt_f4_at_once(), step.expect_exit(0), step.expect_file("high_score.txt", "unchanged"),
+    ],
+    **{name: [step.damage(None, how), step.start(), step.pop_bubble(anywhere=True), step.end_through(HOME),
+              step.expect_file("config.ini", config), step.expect_file("high_score.txt", best)]
+       for name, how, config, best in (("no application-data folder", "deleted", DEFAULT_CONFIG, BEST),
+                                       ("an unwritable application-data folder", "read-only", None, None))},
+}
+
+WINDOWS_TWO_MONITORS = {
     "the keyboard guard": [
         step.given_file("config.ini", VOLUME_CEILING), step.watch_keys(), step.start(learn=False),
         step.press_shortcuts(SHORTCUTS), step.expect_keys_seen(("up", "Tab"), ("up", "Escape")),
@@ -117,28 +147,6 @@ TWO_MONITORS = {
         step.hold_penguin(until="chirp", let_go=True),  # the penguin's place answers, drawn or not
         step.end_through(HOME),
     ] for name, (copy, shows, hides) in PROGRAM_COPIES.items()},
-    **{name: [
-        step.given_file("config.ini", VOLUME_CEILING), step.start(sound_device=device, learn=False),
-        step.hold_penguin(let_go=True),
-        step.take_out_of_topmost(), step.expect_playing(within=5),  # the ceiling finds no device
-        step.expect_heard(0),
-        step.end_through(HOME),
-    ] for name, device in (("no sound driver", False), ("no playback device", "none"))},
-    "the best-score file taken away while playing, then the end twice at once": [
-        step.start(), step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", BEST),
-        step.damage("high_score.txt", "read-only"), step.remember_file("high_score.txt"),
-        step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", "unchanged"),
-        step.damage("high_score.txt", "writable"), step.damage("high_score.txt", "a folder"),
-        step.pop_bubble(anywhere=True), step.expect_file("high_score.txt", "a folder"),
-        step.damage("high_score.txt", "deleted"),
-        step.pop_bubble(anywhere=True), step.expect_best_raised(3),  # every pop counted, in memory
-        step.remember_file("high_score.txt"),
-        step.finish_and_alt_f4_at_once(), step.expect_exit(0), step.expect_file("high_score.txt", "unchanged"),
-    ],
-    **{name: [step.damage(None, how), step.start(), step.pop_bubble(anywhere=True), step.end_through(HOME),
-              step.expect_file("config.ini", config), step.expect_file("high_score.txt", best)]
-       for name, how, config, best in (("no application-data folder", "deleted", DEFAULT_CONFIG, BEST),
-                                       ("an unwritable application-data folder", "read-only", None, None))},
     "install, play and uninstall": [
         step.install(), step.expect_installed(SHIPPED),
         step.start(program="installed", learn=False), step.end_through(HOME),
@@ -148,6 +156,56 @@ TWO_MONITORS = {
         step.expect_file("config.ini", "unchanged"), step.expect_file("high_score.txt", "unchanged"),
     ],
 }
+
+# The desktop's shortcuts (Alt+Tab, Super, Ctrl+Esc) as the desktop binds
+# them; what the X keyboard grab holds back, none of them fires.
+DESKTOP_SHORTCUTS = ("alt+Tab", "super", "ctrl+Escape")
+
+LINUX_TWO_MONITORS = {
+    "a 64-character launch value": [  # one too long names no monitor: play starts on the primary
+        step.start(launch_monitor=" " * 48 + "1920,0,3200,1024", learn=False),
+        step.expect_windows(HOME, OTHER, home=HOME),
+        step.end_through(OTHER),
+    ],
+    "the best score as the Windows edition writes it": [  # read, and only a higher one written
+        step.given_file("high_score.txt", b"12\r\n"), step.start(), step.pop_bubble(),
+        step.expect_file("high_score.txt", b"12\r\n"), step.end_through(HOME),
+    ],
+    "the keyboard grab": [
+        step.given_file("config.ini", VOLUME_CEILING), step.watch_keys(), step.start(learn=False),
+        step.expect_keyboard_held(),
+        step.take_out_of_topmost(), step.expect_playing(within=5),  # a tick that ends with the ceiling
+        step.press_past_puffino(*DESKTOP_SHORTCUTS),  # ended by Alt+F4
+        step.expect_keyboard_held(False),
+    ],
+    "a config without the guard": [
+        step.given_file("config.ini", config_bytes("[Puffino]", "BlockSystemShortcuts=0")), step.watch_keys(),
+        step.start(learn=False), step.expect_keyboard_held(False),
+        step.press_keys(*DESKTOP_SHORTCUTS),
+        step.expect_keys_seen(("down", "Tab"), ("down", "super"), ("down", "Escape")),
+        step.press_keys("alt+F4"), step.expect_exit(0),
+    ],
+    "the volume ceiling": [  # the sink starts at 80 %
+        step.given_file("config.ini", VOLUME_CEILING), step.start(learn=False, pulse=True),
+        step.expect_volume(35, within=5),
+        step.raise_volume(90, back_to=35, within=1.5),  # the topmost tick's
+        step.end_through(HOME),
+    ],
+}
+
+
+def played(name, table, session):
+    """A test case class with one session (session(class name)) for all of
+    the table's scenarios, a test per scenario."""
+    def setUpClass(cls):
+        cls.session = session(cls.__name__).__enter__()
+        cls.addClassCleanup(cls.session.__exit__, None, None, None)
+
+    def test(name, steps):
+        return lambda self: self.session.run_scenario(re.sub(r"\W+", "-", name), steps)
+    methods = {"test_" + re.sub(r"\W+", "_", name): test(name, steps) for name, steps in table.items()}
+    return type(name, (unittest.TestCase,), {"setUpClass": classmethod(setUpClass), **methods})
+
 
 # The virtual screen starting left of the origin, at 144 DPI.
 LEFT_OF_PRIMARY_AT_144_DPI = {

@@ -2,11 +2,9 @@
 the stand-in libXinerama.so.1 reports; WinePuffino plays Puffino.exe in it through probe.exe."""
 
 import array
-import contextlib
 import json
 import os
 import shutil
-import signal
 import subprocess
 import tempfile
 import zipfile
@@ -219,14 +217,9 @@ class WinePuffino(WineSession, PuffinoSession):
         return self.wait_exit(process or self.process)
 
     profile = WineSession.app_data
-
-    @contextlib.contextmanager
-    def held_still(self):  # stopped: no tick moves anything; input sent meanwhile is handled before the next tick
-        os.kill(self.process.pid, signal.SIGSTOP)
-        try:
-            yield
-        finally:
-            os.kill(self.process.pid, signal.SIGCONT)
+    # Puffino's disk: the prefix, whose registry Wine rewrites itself.
+    disk = property(lambda self: self.prefix)
+    written_by_the_system = ("system.reg", "user.reg", "userdef.reg", ".update-timestamp")
 
     def paintings(self, width, height):  # theme -> landscape at that size, from the gallery, once a session
         if not self.galleries:
@@ -240,7 +233,8 @@ class WinePuffino(WineSession, PuffinoSession):
 
     def sounds(self):  # in order: the chirp (22050 Hz), or a pop (or the praise's cheer that cuts it off)
         paths = sorted(self.sound_dir.glob("stream_*"), key=lambda p: p.stat().st_mtime_ns)
-        return [{"kind": "chirp" if p.name.split("_")[1] == "22050" else "pop", "path": p} for p in paths]
+        return [{"kind": "chirp" if p.name.split("_")[1] == "22050" else "pop", "path": p,
+                 "rate": int(p.name.split("_")[1])} for p in paths]
 
     def samples(self, sound):
         return array.array("h", sound["path"].read_bytes())  # 16-bit mono, as named
@@ -321,31 +315,6 @@ class WinePuffino(WineSession, PuffinoSession):
             self.post(home, WM_GUARDED_KEY, 0x73)
             self.post(home, WM_GUARDED_KEY, 0x73)
 
-    def unwritable(self, path):
-        """Read-only as Windows knows it (Wine's reading of no write permission;
-        root needs the entry immutable too); returns what undoes it."""
-        mode, immutable = path.stat().st_mode & 0o7777, os.geteuid() == 0
-        path.chmod(mode & ~0o222)
-        subprocess.run(["chattr", "+i", str(path)], check=immutable)
-        return lambda: (subprocess.run(["chattr", "-i", str(path)], check=immutable), path.chmod(mode))
-
-    def remember_disk(self):
-        self.disk = {p: (p.stat().st_size, p.stat().st_mtime_ns) for p in self.prefix.rglob("*")
-                     if p.is_file() and not p.is_symlink()}
-
-    def expect_nothing_written_outside_the_profile(self):  # Wine rewrites its registry itself
-        before = self.disk
-        self.remember_disk()
-        changed = {p for p in before.keys() | self.disk.keys() if before.get(p) != self.disk.get(p)
-                   and p.name not in ("system.reg", "user.reg", "userdef.reg", ".update-timestamp")}
-        same(sorted(str(p) for p in changed if self.profile() not in p.parents), [], "files written outside")
-
-    def expect_no_network(self):  # the Unix sockets to the wineserver are no internet sockets
-        inodes = {os.readlink(fd)[8:-1] for fd in Path(f"/proc/{self.process.pid}/fd").iterdir()
-                  if os.readlink(fd).startswith("socket:[")}
-        internet = {line.split()[9] for table in ("tcp", "tcp6", "udp", "udp6") if Path(f"/proc/net/{table}").exists()
-                    for line in Path(f"/proc/net/{table}").read_text().splitlines()[1:]}
-        same(inodes & internet, set(), "internet sockets")
 
     def install(self):  # silent, for this user alone: it asks no elevation
         installer = DIST / f"Puffino-{VERSION}-win64-setup.exe"
