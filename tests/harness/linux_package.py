@@ -15,5 +15,6 @@ DEB = BUILD / "dist" / f"puffino_{VERSION}_amd64.deb"
 def unpack_package(folder):
     """Unpacks the package into folder (new or empty) and returns the path of
     the program in it, folder/usr/games/puffino."""
+    Path(folder).mkdir(parents=True, exist_ok=True)
     subprocess.run(["dpkg", "-x", str(DEB), str(folder)], check=True)
     return Path(folder) / "usr" / "games" / "puffino"

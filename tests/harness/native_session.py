@@ -13,6 +13,7 @@ from pathlib import Path
 
 import numpy
 
+from linux_package import unpack_package
 from puffino_session import PuffinoSession, check, same
 from screen import Grabber, read_png, save_png
 
@@ -272,6 +273,7 @@ class NativePuffino(NativeSession, PuffinoSession):
         NativeSession.__init__(self, label, heads, dpi, artifacts)
         PuffinoSession.__init__(self)
         self.scale, self.galleries, self.sound_files, self.parsed = (dpi or 96) / 96, {}, [], {}
+        self.programs = {}
 
     disk = property(lambda self: self.home_folder)  # Puffino's part of the disk
     ink_tolerance = 8  # cairo's anti-aliased text comes out a little lighter
@@ -291,9 +293,12 @@ class NativePuffino(NativeSession, PuffinoSession):
                 else ",".join(map(str, launch_monitor))
         if pulse:
             env["PULSE_SERVER"] = self.pulse_server()
-        process = self.launch(env=env)
+        process = self.launch(self.programs.get(program, PUFFINO), env=env)
         self.sound_files.append((Path(env["SDL_DISKAUDIOFILE"]), process))
         return process
+
+    def unpack_package(self, name):  # the Debian package, unpacked with dpkg -x into an empty folder
+        self.programs[name] = unpack_package(self.root / "programs" / name)
 
     def close_window(self, window):  # as a window manager asks: WM_DELETE_WINDOW
         atom = lambda name: self.x11.XInternAtom(self.x_connection, name, 0)  # noqa: E731
