@@ -98,6 +98,7 @@ TEST(ConfigFile, ValuesAliasesLimitsAndMalformedFiles) {
          {25, false, false, L"en"}},
         {"names in any case", u(L"[puffino]\r\nsoundenabled=0\r\n[ui]\r\nLANGUAGE=en"), {0, true, false, L"en"}},
         {"a quoted language", u(L"[UI]\r\nLanguage=\"en\""), {0, true, true, L"en"}},
+        {"empty quotes", u(L"[UI]\r\nLanguage=''"), {0, true, true, L""}},
         {"empty values keep their defaults", u(L"[Puffino]\r\nSoundEnabled=\r\nVolumeClampPercent=\r\n"
                                                L"MasterVolumeClampPercent=40"), {40, true, true, L""}},
         {"a plus sign", u(L"[Puffino]\r\nVolumeClampPercent=+30"), {30, true, true, L""}},
