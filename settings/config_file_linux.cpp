@@ -1,6 +1,6 @@
-// config.ini in the Linux edition: written once with its defaults on first
-// start, in the very bytes Puffino.exe writes, then only read, with the
-// reading rules of the Windows profile functions.
+// config.ini in the Linux edition: the same file as the Windows program's,
+// written once with the same bytes and read by the same rules (the portable
+// profile reader), so that a file carried between the two reads the same.
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -17,24 +17,32 @@
 namespace {
 
 void WriteDefaultFile(const std::filesystem::path& path) {
-    // O_EXCL: a file that appeared meanwhile is never overwritten.
-    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+    // O_EXCL: a file that is there, or appeared meanwhile, is never
+    // overwritten.
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file < 0) return;
+    // UTF-16 LE whatever the machine's byte order, behind its mark.
     std::string bytes = "\xFF\xFE";
-    for (char16_t c : kDefaultConfigText) {
-        bytes += static_cast<char>(c & 0xFF);
-        bytes += static_cast<char>(c >> 8);
-    }
-    // A short write only loses comments: every missing key reads as its
-    // default.
+    for (char16_t c : kDefaultConfigText) bytes += {static_cast<char>(c & 0xFF), static_cast<char>(c >> 8)};
+    // Write errors are not checked: a short file only loses comments, and
+    // every missing key reads as its default.
     [[maybe_unused]] const ssize_t written = write(file, bytes.data(), bytes.size());
     close(file);
 }
 
-std::wstring ReadText(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    return DecodeProfileText(bytes);
+// The language as this system's wide text: a UTF-16 pair becomes one
+// character; a lone half stays as it is.
+std::wstring WideText(std::u16string_view text) {
+    std::wstring wide;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char32_t c = text[i];
+        if (c >= 0xD800 && c <= 0xDBFF && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] <= 0xDFFF) {
+            wide += static_cast<wchar_t>(0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00));
+        } else {
+            wide += static_cast<wchar_t>(c);
+        }
+    }
+    return wide;
 }
 
 }  // namespace
@@ -43,20 +51,26 @@ void LoadSettings(Settings& settings) {
     settings = Settings{};
     EnsureAppDataDirectory();
     const std::filesystem::path path = FilePath(AppDataFile(L"config.ini"));
-    std::error_code ignored;
-    if (!std::filesystem::exists(std::filesystem::symlink_status(path, ignored))) WriteDefaultFile(path);
-    const std::wstring text = ReadText(path);
+    WriteDefaultFile(path);
+    // A file that cannot be read reads as an empty one: every default stands.
+    std::ifstream file(path, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const std::u16string text = DecodeProfileText(bytes);
 
+    const auto readNumber = [&text](std::u16string_view key, int32_t fallback) {
+        return ReadProfileInt(text, u"Puffino", key, fallback);
+    };
     // Each newer key wins over its older alias, even when it is 0; the alias
     // is read only when the newer key is missing.
-    int32_t volume = ProfileInt(text, L"Puffino", L"VolumeClampPercent", kAbsentKey);
-    if (volume == kAbsentKey) volume = ProfileInt(text, L"Puffino", L"MasterVolumeClampPercent", 0);
+    int32_t volume = readNumber(u"VolumeClampPercent", kAbsentKey);
+    if (volume == kAbsentKey) volume = readNumber(u"MasterVolumeClampPercent", 0);
     settings.volumeClampPercent = ClampVolumePercent(volume);
 
-    int32_t block = ProfileInt(text, L"Puffino", L"BlockSystemShortcuts", kAbsentKey);
-    if (block == kAbsentKey) block = ProfileInt(text, L"Puffino", L"LlKeyboardHook", 1);
+    int32_t block = readNumber(u"BlockSystemShortcuts", kAbsentKey);
+    if (block == kAbsentKey) block = readNumber(u"LlKeyboardHook", 1);
     settings.blockSystemShortcuts = block != 0;
 
-    settings.soundEnabled = ProfileInt(text, L"Puffino", L"SoundEnabled", 1) != 0;
-    settings.language = ProfileString(text, L"UI", L"Language").value_or(L"").substr(0, kLanguageCapacity - 1);
+    settings.soundEnabled = readNumber(u"SoundEnabled", 1) != 0;
+
+    settings.language = WideText(ReadProfileString(text, u"UI", u"Language", u"", kLanguageCapacity));
 }

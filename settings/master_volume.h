@@ -1,14 +1,16 @@
 // The master volume of the default playback device, as a 0.0..1.0 scalar
 // (the system volume slider). The clamp opens it, reads, perhaps lowers it
-// and closes it within one call; nothing is kept between calls. Win32 layer
-// (master_volume_win.cpp, Core Audio); the native tests link a stand-in.
+// and closes it within one call; nothing is kept between calls. Platform
+// layer: master_volume_win.cpp (Core Audio), master_volume_linux.cpp
+// (PulseAudio); the native tests link a stand-in.
 // There is deliberately no way to touch mute.
 #pragma once
 
 struct MasterVolume;  // the platform's endpoint-volume object
 
 // Null when any step fails: COM not initialized, no playback device, no
-// endpoint-volume interface.
+// endpoint-volume interface; on Linux no sound server, or none answering in
+// time.
 MasterVolume* OpenMasterVolume();
 
 // The current level; false when it cannot be read.

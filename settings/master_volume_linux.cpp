@@ -1,10 +1,14 @@
-// The master volume of the default output in the Linux edition, through
-// PulseAudio's client library (PipeWire answers the same protocol). Each
-// open connects, reads the default sink and its volume, and each call waits
-// for its answer for a bounded time, so that a hung server never holds play
-// up; nothing is kept between the clamp's calls.
+// The default output's master level in the Linux edition, through
+// PulseAudio's client library (PipeWire answers it too). Each call connects,
+// asks and lets go within a short time budget, so a hung sound server costs
+// at most a frame or two and never freezes play; nothing is kept between
+// calls, so a server started or a default output changed later is found at
+// the next topmost tick. No server running: OpenMasterVolume gives null at
+// once, and none is ever started for us.
 #include <pulse/pulseaudio.h>
 
+#include <chrono>
+#include <cmath>
 #include <string>
 
 #include "settings/master_volume.h"
@@ -12,117 +16,108 @@
 struct MasterVolume {
     pa_mainloop* loop = nullptr;
     pa_context* context = nullptr;
-    std::string sink;  // the default sink's name
-    pa_cvolume volume{};
-    bool done = false;
-    bool ok = false;
+    std::string sinkName;  // the default output
+    pa_cvolume volume{};   // its channels' levels
+    bool sinkFound = false;
 };
 
 namespace {
 
-constexpr int kMaxIterations = 200;  // of at most 2 ms each: 0.4 s at the most
+using Clock = std::chrono::steady_clock;
 
-// Runs the loop until the step in flight has answered, or gives up.
-bool Await(MasterVolume& v) {
-    for (int i = 0; i < kMaxIterations && !v.done; ++i) {
-        if (pa_mainloop_prepare(v.loop, 2000) < 0 || pa_mainloop_poll(v.loop) < 0 ||
-            pa_mainloop_dispatch(v.loop) < 0) {
+// Each call's budget; a local server answers in about a millisecond.
+constexpr auto kBudget = std::chrono::milliseconds(50);
+
+// Runs the client's loop until done() holds; false when the deadline or an
+// error of the loop comes first.
+template <class Done>
+bool RunUntil(MasterVolume* volume, Clock::time_point deadline, Done done) {
+    while (!done()) {
+        const auto left = std::chrono::duration_cast<std::chrono::microseconds>(deadline - Clock::now()).count();
+        if (left <= 0) return false;
+        if (pa_mainloop_prepare(volume->loop, static_cast<int>(left)) < 0 || pa_mainloop_poll(volume->loop) < 0 ||
+            pa_mainloop_dispatch(volume->loop) < 0) {
             return false;
         }
     }
-    return v.done && v.ok;
+    return true;
 }
 
-void Begin(MasterVolume& v) { v.done = v.ok = false; }
-
-void ContextState(pa_context* context, void* user) {
-    auto& v = *static_cast<MasterVolume*>(user);
-    const pa_context_state_t state = pa_context_get_state(context);
-    if (state == PA_CONTEXT_READY || state == PA_CONTEXT_FAILED || state == PA_CONTEXT_TERMINATED) {
-        v.done = true;
-        v.ok = state == PA_CONTEXT_READY;
-    }
-}
-
-void ServerInfo(pa_context*, const pa_server_info* info, void* user) {
-    auto& v = *static_cast<MasterVolume*>(user);
-    v.ok = info && info->default_sink_name;
-    if (v.ok) v.sink = info->default_sink_name;
-    v.done = true;
-}
-
-void SinkInfo(pa_context*, const pa_sink_info* info, int eol, void* user) {
-    auto& v = *static_cast<MasterVolume*>(user);
-    if (eol) {
-        v.done = true;  // the list ended; ok only if the sink came before
-        return;
-    }
-    if (info) {
-        v.volume = info->volume;
-        v.ok = true;
-    }
-}
-
-void Completed(pa_context*, int success, void* user) {
-    auto& v = *static_cast<MasterVolume*>(user);
-    v.ok = success != 0;
-    v.done = true;
-}
-
-// Waits for an operation's answer; the operation itself is released.
-bool Run(MasterVolume& v, pa_operation* operation) {
+// Waits for a request to the server to finish; one not finished in time is
+// cancelled.
+bool Await(MasterVolume* volume, pa_operation* operation, Clock::time_point deadline) {
     if (!operation) return false;
-    const bool ok = Await(v);
+    const bool finished = RunUntil(volume, deadline, [operation] {
+        return pa_operation_get_state(operation) != PA_OPERATION_RUNNING;
+    });
+    if (!finished) pa_operation_cancel(operation);
     pa_operation_unref(operation);
-    return ok;
+    return finished;
+}
+
+void OnServerInfo(pa_context*, const pa_server_info* info, void* data) {
+    if (info && info->default_sink_name) static_cast<MasterVolume*>(data)->sinkName = info->default_sink_name;
+}
+
+void OnSinkInfo(pa_context*, const pa_sink_info* info, int endOfList, void* data) {
+    if (endOfList != 0 || !info) return;
+    auto* volume = static_cast<MasterVolume*>(data);
+    volume->volume = info->volume;
+    volume->sinkFound = true;
+}
+
+bool Connect(MasterVolume* volume, Clock::time_point deadline) {
+    volume->loop = pa_mainloop_new();
+    if (!volume->loop) return false;
+    volume->context = pa_context_new(pa_mainloop_get_api(volume->loop), "Puffino");
+    if (!volume->context ||
+        pa_context_connect(volume->context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
+        return false;
+    }
+    RunUntil(volume, deadline, [volume] {
+        const pa_context_state_t state = pa_context_get_state(volume->context);
+        return state == PA_CONTEXT_READY || !PA_CONTEXT_IS_GOOD(state);
+    });
+    return pa_context_get_state(volume->context) == PA_CONTEXT_READY;
 }
 
 }  // namespace
 
 MasterVolume* OpenMasterVolume() {
-    auto* v = new MasterVolume;
-    v->loop = pa_mainloop_new();
-    v->context = v->loop ? pa_context_new(pa_mainloop_get_api(v->loop), "Puffino") : nullptr;
-    bool ready = false;
-    if (v->context) {
-        pa_context_set_state_callback(v->context, ContextState, v);
-        Begin(*v);
-        // Never start a sound server: without one there is nothing to hold.
-        ready = pa_context_connect(v->context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0 && Await(*v);
-    }
-    if (ready) {
-        Begin(*v);
-        ready = Run(*v, pa_context_get_server_info(v->context, ServerInfo, v));
-    }
-    if (ready) {
-        Begin(*v);
-        ready = Run(*v, pa_context_get_sink_info_by_name(v->context, v->sink.c_str(), SinkInfo, v));
-    }
-    if (!ready) {
-        CloseMasterVolume(v);
-        return nullptr;
-    }
-    return v;
+    const Clock::time_point deadline = Clock::now() + kBudget;
+    auto* volume = new MasterVolume;
+    // The server's default output, then its levels.
+    const bool found =
+        Connect(volume, deadline) &&
+        Await(volume, pa_context_get_server_info(volume->context, OnServerInfo, volume), deadline) &&
+        !volume->sinkName.empty() &&
+        Await(volume,
+              pa_context_get_sink_info_by_name(volume->context, volume->sinkName.c_str(), OnSinkInfo, volume),
+              deadline) &&
+        volume->sinkFound && volume->volume.channels > 0;
+    if (found) return volume;
+    CloseMasterVolume(volume);
+    return nullptr;
 }
 
 bool GetMasterLevel(MasterVolume* volume, float& level) {
-    if (!volume || !pa_cvolume_valid(&volume->volume)) return false;
-    // The loudest channel, as a share of the sink's full (100 %) volume.
+    // The loudest channel, as the desktop's slider shows it; above 1.0 when
+    // the output is boosted beyond 100 %.
     level = static_cast<float>(pa_cvolume_max(&volume->volume)) / static_cast<float>(PA_VOLUME_NORM);
     return true;
 }
 
 void SetMasterLevel(MasterVolume* volume, float level) {
-    if (!volume) return;
-    pa_cvolume wanted = volume->volume;
-    pa_cvolume_set(&wanted, volume->volume.channels,
-                   static_cast<pa_volume_t>(level * static_cast<float>(PA_VOLUME_NORM) + 0.5f));
-    Begin(*volume);
-    Run(*volume, pa_context_set_sink_volume_by_name(volume->context, volume->sink.c_str(), &wanted, Completed, volume));
+    pa_cvolume target = volume->volume;
+    const auto scaled = static_cast<pa_volume_t>(std::lround(level * static_cast<float>(PA_VOLUME_NORM)));
+    pa_cvolume_set(&target, volume->volume.channels, scaled);
+    // Whether the server took it is not reported; the next tick reads again.
+    Await(volume,
+          pa_context_set_sink_volume_by_name(volume->context, volume->sinkName.c_str(), &target, nullptr, nullptr),
+          Clock::now() + kBudget);
 }
 
 void CloseMasterVolume(MasterVolume* volume) {
-    if (!volume) return;
     if (volume->context) {
         pa_context_disconnect(volume->context);
         pa_context_unref(volume->context);

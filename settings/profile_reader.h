@@ -1,26 +1,31 @@
-// config.ini read as the Windows profile functions read it, written out so
-// that the Linux edition reads a file exactly as Puffino.exe does and a
-// parent can copy the file between the two.
+// Reads config.ini as the Windows profile functions (GetPrivateProfileIntW,
+// GetPrivateProfileStringW) read it, so that a file edited on one edition
+// reads the same on the other. The Linux edition's LoadSettings uses it; the
+// Windows program keeps the real functions.
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
-// The file's text: UTF-16 LE after its byte-order mark (as Notepad saves
-// it), UTF-8 after its mark, and otherwise the bytes as UTF-8 where they
-// are, each other byte as the character of that number.
-std::wstring DecodeProfileText(std::string_view bytes);
+// A profile file's text: after a UTF-16 LE or BE byte-order mark as UTF-16,
+// after a UTF-8 one as UTF-8; without a mark Windows takes its ANSI code
+// page, here UTF-8 (the two agree on every ASCII byte, and nothing the
+// program reads depends on any other). Invalid UTF-8 bytes become U+FFFD.
+std::u16string DecodeProfileText(std::string_view bytes);
 
-// The value of a key in the first section of that name: names compared
-// without regard to ASCII case, blanks trimmed around names and value, one
-// pair of matching quotes around the value taken off. Empty for a key
-// without '='; nothing when there is no such section or key.
-std::optional<std::wstring> ProfileString(std::wstring_view text, std::wstring_view section, std::wstring_view key);
+// The key's value in the first section of that name, as
+// GetPrivateProfileStringW gives it into a buffer of `capacity` characters
+// (the null included): names match without regard to ASCII case and to
+// white space around them, the first key of a name counts, a value loses
+// the white space around it and one pair of matching quotes, and a key that
+// is missing or has no '=' gives the fallback.
+std::u16string ReadProfileString(std::u16string_view text, std::u16string_view section, std::u16string_view key,
+                                 std::u16string_view fallback, size_t capacity);
 
-// A number as GetPrivateProfileInt reads it: the fallback for a missing or
-// empty value, else its first 29 characters' leading number (blanks and a
-// sign allowed before it, then 0x, 0o or 0b for another base than ten,
-// anything after it ignored, 0 without digits), wrapping at 32 bits.
-int32_t ProfileInt(std::wstring_view text, std::wstring_view section, std::wstring_view key, int32_t fallback);
+// GetPrivateProfileIntW: the fallback when the key is missing or empty;
+// else the value's first 29 characters as the system reads a number: white
+// space, one sign, "0x", "0o" or "0b" for hexadecimal, octal or binary, the
+// digits up to the first other character (none: 0), wrapping at 32 bits.
+int32_t ReadProfileInt(std::u16string_view text, std::u16string_view section, std::u16string_view key,
+                       int32_t fallback);

@@ -1,7 +1,5 @@
 # Native GoogleTest on the portable core, plain and sanitized.
 file(GLOB UNIT_TEST_SOURCES CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/*.cpp)
-# The settings files' table, shared with the Wine tier.
-list(APPEND UNIT_TEST_SOURCES ${PROJECT_SOURCE_DIR}/tests/settings_files_test.cpp)
 
 function(puffino_unit_tests name core)
   add_executable(${name} ${UNIT_TEST_SOURCES})

@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 #include <string>
 #include <string_view>
 
 #include "app/shell.h"
+#include "assets/file_paths.h"
 #include "settings/config_values.h"
 #include "settings/high_score.h"
 #include "settings/language.h"
@@ -110,6 +112,8 @@ TEST(BestScore, LeadingPositiveNumberElseZero) {
 TEST(BestScore, SavedReadBackAndZeroWithoutAFile) {
     g_bestScore = 42;
     SaveBestScore();
+    std::ifstream saved(FilePath(AppDataFile(L"high_score.txt")), std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(saved), {}), "42\r\n") << "the Windows program's bytes";
     g_bestScore = 7;
     LoadBestScore();
     EXPECT_EQ(g_bestScore, 42);

@@ -43,7 +43,7 @@ target_compile_definitions(resources_tests PRIVATE
 file(GLOB SETTINGS_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/settings/*.cpp)
 list(FILTER SETTINGS_SOURCES EXCLUDE REGEX "_linux\\.cpp$")
 puffino_wine_tests(settings_tests
-  ${PROJECT_SOURCE_DIR}/tests/settings_files_test.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/settings_tests.cpp
   ${SETTINGS_SOURCES}
   ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp
   ${PROJECT_SOURCE_DIR}/app/shell.cpp)
