@@ -57,20 +57,9 @@ void LoadSettings(Settings& settings) {
     const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
     const std::u16string text = DecodeProfileText(bytes);
 
-    const auto readNumber = [&text](std::u16string_view key, int32_t fallback) {
+    ReadSettingNumbers(settings, [&text](const char16_t* key, int32_t fallback) {
         return ReadProfileInt(text, u"Puffino", key, fallback);
-    };
-    // Each newer key wins over its older alias, even when it is 0; the alias
-    // is read only when the newer key is missing.
-    int32_t volume = readNumber(u"VolumeClampPercent", kAbsentKey);
-    if (volume == kAbsentKey) volume = readNumber(u"MasterVolumeClampPercent", 0);
-    settings.volumeClampPercent = ClampVolumePercent(volume);
-
-    int32_t block = readNumber(u"BlockSystemShortcuts", kAbsentKey);
-    if (block == kAbsentKey) block = readNumber(u"LlKeyboardHook", 1);
-    settings.blockSystemShortcuts = block != 0;
-
-    settings.soundEnabled = readNumber(u"SoundEnabled", 1) != 0;
+    });
 
     settings.language = WideText(ReadProfileString(text, u"UI", u"Language", u"", kLanguageCapacity));
 }

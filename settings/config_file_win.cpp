@@ -31,20 +31,11 @@ void LoadSettings(Settings& settings) {
     if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) WriteDefaultFile(path);
     const wchar_t* file = path.c_str();
 
-    const auto readNumber = [file](const wchar_t* key, int32_t fallback) {
-        return static_cast<int32_t>(GetPrivateProfileIntW(L"Puffino", key, fallback, file));
-    };
-    // Each newer key wins over its older alias, even when it is 0; the alias
-    // is read only when the newer key is missing.
-    int32_t volume = readNumber(L"VolumeClampPercent", kAbsentKey);
-    if (volume == kAbsentKey) volume = readNumber(L"MasterVolumeClampPercent", 0);
-    settings.volumeClampPercent = ClampVolumePercent(volume);
-
-    int32_t block = readNumber(L"BlockSystemShortcuts", kAbsentKey);
-    if (block == kAbsentKey) block = readNumber(L"LlKeyboardHook", 1);
-    settings.blockSystemShortcuts = block != 0;
-
-    settings.soundEnabled = readNumber(L"SoundEnabled", 1) != 0;
+    // wchar_t is UTF-16 here: the keys pass as they are.
+    ReadSettingNumbers(settings, [file](const char16_t* key, int32_t fallback) {
+        return static_cast<int32_t>(
+            GetPrivateProfileIntW(L"Puffino", reinterpret_cast<const wchar_t*>(key), fallback, file));
+    });
 
     wchar_t language[kLanguageCapacity] = {};
     GetPrivateProfileStringW(L"UI", L"Language", L"", language, kLanguageCapacity, file);

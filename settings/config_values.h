@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 // The file written on first start, after its byte-order mark: UTF-16 LE,
@@ -27,6 +28,13 @@ inline constexpr int32_t kAbsentKey = -2147483647;
 // The language is read into this many characters: at most 63 and the
 // null; a longer value is cut.
 inline constexpr int kLanguageCapacity = 64;
+
+// The number keys of the [Puffino] section, read through readNumber(key,
+// fallback) as the profile functions read them: each newer key wins over
+// its older alias, even when it is 0; the alias is read only when the newer
+// key is missing. Shared by both editions' LoadSettings.
+struct Settings;
+void ReadSettingNumbers(Settings& settings, const std::function<int32_t(const char16_t* key, int32_t fallback)>& readNumber);
 
 // The configured ceiling, held to 0..100 percent.
 int32_t ClampVolumePercent(int32_t percent);
