@@ -58,6 +58,9 @@ void Finger(const SDL_TouchFingerEvent& event) {
     }
 }
 
+// SDL tells no loss of the pointer capture, and its focus events come and go
+// with the keyboard grab itself, so they end no press: a press whose release
+// another program took ends at the next frame tick, which asks the button.
 void WindowEvent(const SDL_WindowEvent& event) {
     DisplayWindow* window = WindowOf(event.windowID);
     if (!window) return;
@@ -68,11 +71,6 @@ void WindowEvent(const SDL_WindowEvent& event) {
         break;
     case SDL_WINDOWEVENT_FOCUS_GAINED:
         GrabKeyboardFor(window->hwnd);
-        break;
-    case SDL_WINDOWEVENT_FOCUS_LOST:
-        // Another program took the pointer and keyboard from play: a press
-        // held on the penguin ends, as when Windows takes the capture away.
-        if (g_playField.pressStartTick != 0 && window->hwnd == g_mainWindow) CancelPress();
         break;
     case SDL_WINDOWEVENT_CLOSE:
         PostQuit();  // a window manager's close: teardown after the loop
@@ -107,6 +105,9 @@ void RefreshDisplays() {
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
     SDL_InitSubSystem(SDL_INIT_VIDEO);
     RebuildDisplayWindows();
+    // The new home window is in front and holds the keyboard, as the old
+    // one did: without the focus SDL would not grab for it.
+    if (g_mainWindow) BringToForeground(g_mainWindow);
     GrabKeyboardFor(g_mainWindow);
 }
 

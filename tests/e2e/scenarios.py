@@ -191,6 +191,12 @@ LINUX_TWO_MONITORS = {
         step.raise_volume(90, back_to=35, within=1.75),  # the 1.5 s topmost tick, and the loop's latency
         step.end_through(HOME),
     ],
+    "a display moved and moved back": [
+        step.start(learn=False), step.move_display(1, (1920, 56)),
+        step.expect_windows(HOME, (1920, 56, 3200, 1080), home=HOME), step.expect_moving((1920, 56, 3200, 1080)),
+        step.move_display(1, (1920, 0)), step.expect_windows(HOME, OTHER, home=HOME), step.expect_moving(OTHER),
+        step.end_through(HOME),
+    ],
     "the Debian package unpacked with dpkg -x": [  # its pictures and fonts from its share folder
         step.unpack_package("package"), step.start(program="package", learn=False),
         step.expect_screen(shows=EVERYTHING), step.hold_penguin(let_go=True),

@@ -297,6 +297,23 @@ class NativePuffino(NativeSession, PuffinoSession):
         self.sound_files.append((Path(env["SDL_DISKAUDIOFILE"]), process))
         return process
 
+    def move_display(self, number, place):
+        """A display moved in the desktop's settings (xrandr): the windows are
+        made anew, that one at its new place, within a few topmost ticks. The
+        session's layout comes back after the scenario."""
+        def place_display(left, top):
+            subprocess.run(["xrandr", "--output", f"DUMMY{number}", "--pos", f"{left}x{top}"], env=self.x_env,
+                           check=True)
+        place_display(*place)
+        self.undo.append(lambda: place_display(*self.screens[number][:2]))
+        left, top, right, bottom = self.screens[number]
+        moved = [place[0], place[1], place[0] + right - left, place[1] + bottom - top]
+        # X may hand the new windows the old ones' numbers: the place tells,
+        # and their first frames that they are up.
+        self.started = self.wait_for(lambda: (lambda found: found if found and moved in [w["rect"] for w in found]
+                                              else None)(self.painted(len(self.screens))),
+                                     f"the windows made anew with display {number} at {place}", 10)
+
     def unpack_package(self, name):  # the Debian package, unpacked with dpkg -x into an empty folder
         self.programs[name] = unpack_package(self.root / "programs" / name)
 
