@@ -55,6 +55,8 @@ inline std::vector<ProfileCase> ProfileCases() {
          u"- 5", 0},
         {"two signs", u(u"[Puffino]\r\nVolumeClampPercent=--5"), u"Puffino", u"VolumeClampPercent", u"--5", 0},
         {"hexadecimal", u(u"[Puffino]\r\nVolumeClampPercent=0x1f"), u"Puffino", u"VolumeClampPercent", u"0x1f", 31},
+        {"capital hexadecimal digits", u(u"[Puffino]\r\nVolumeClampPercent=0x1F"), u"Puffino", u"VolumeClampPercent",
+         u"0x1F", 31},
         {"hexadecimal, capital X", u(u"[Puffino]\r\nVolumeClampPercent=0X10"), u"Puffino", u"VolumeClampPercent",
          u"0X10", 0},
         {"octal", u(u"[Puffino]\r\nVolumeClampPercent=0o17"), u"Puffino", u"VolumeClampPercent", u"0o17", 15},

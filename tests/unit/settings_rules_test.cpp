@@ -26,6 +26,7 @@ TEST(Language, ConfiguredPrefixElseUiLanguage) {
     const struct { const wchar_t* configured; uint16_t ui; Language expected; } cases[] = {
         {L"  Ja\r\n", kEnglishUi, ja}, {L"\tja-JP ", kEnglishUi, ja}, {L"japanese", kEnglishUi, ja},
         {L"EN", kJapaneseUi, en},      {L"English", kJapaneseUi, en},  {L"fr", kJapaneseUi, ja},
+        {L"JA", kEnglishUi, ja},
         {L"fr", kGermanUi, en},        {L"j a", kJapaneseUi, ja},      {L"j a", kEnglishUi, en},
         {L"", kJapaneseUi, ja},        {L"auto", kEnglishUi, en},      {L"", 0x0C11, ja},  // any Japanese sublanguage
         {L"\u00C9N", kJapaneseUi, ja},      // only A..Z fold
@@ -127,7 +128,7 @@ TEST(VolumeCeiling, FromTheNumberReadThroughTheClamp) {
     // the ceiling: no clamp for 0.
     const struct { int32_t read; int32_t percent; float level; } cases[] = {
         {150, 100, 1.0f}, {-5, 0, -1.0f}, {0, 0, -1.0f}, {35, 35, 0.35f}, {100, 100, 1.0f},
-        {2147483647, 100, 1.0f}, {-2147483647 - 1, 0, -1.0f},
+        {2147483647, 100, 1.0f}, {-2147483647 - 1, 0, -1.0f}, {101, 100, 1.0f}, {-1, 0, -1.0f},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(ClampVolumePercent(c.read), c.percent) << c.read;
