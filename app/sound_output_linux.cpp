@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kRate = 44100;
 SDL_AudioDeviceID g_device = 0;
-SDL_AudioSpec g_deviceSpec{};
+SDL_AudioSpec g_deviceFormat{};
 // The bank's images converted to the device's format, made at their first
 // playing; the images never change during a run.
 std::map<const uint8_t*, std::vector<uint8_t>> g_converted;
@@ -26,15 +26,15 @@ uint32_t ImageSize(const uint8_t* image) {
 }
 
 std::vector<uint8_t> Convert(const uint8_t* image) {
-    SDL_AudioSpec spec;
+    SDL_AudioSpec imageFormat;
     Uint8* samples = nullptr;
     Uint32 length = 0;
     SDL_RWops* stream = SDL_RWFromConstMem(image, static_cast<int>(ImageSize(image)));
-    if (!SDL_LoadWAV_RW(stream, 1, &spec, &samples, &length)) return {};
+    if (!SDL_LoadWAV_RW(stream, 1, &imageFormat, &samples, &length)) return {};
     std::vector<uint8_t> out;
     SDL_AudioCVT cvt;
-    if (SDL_BuildAudioCVT(&cvt, spec.format, spec.channels, spec.freq, g_deviceSpec.format,
-                          g_deviceSpec.channels, g_deviceSpec.freq) >= 0) {
+    if (SDL_BuildAudioCVT(&cvt, imageFormat.format, imageFormat.channels, imageFormat.freq, g_deviceFormat.format,
+                          g_deviceFormat.channels, g_deviceFormat.freq) >= 0) {
         cvt.len = static_cast<int>(length);
         std::vector<uint8_t> buffer(static_cast<size_t>(length) * static_cast<size_t>(cvt.len_mult));
         std::memcpy(buffer.data(), samples, length);
@@ -55,7 +55,7 @@ void OpenSoundOutput() {
     wanted.channels = 1;
     wanted.samples = 1024;
     // The device may differ; the sounds are converted to what it took.
-    g_device = SDL_OpenAudioDevice(nullptr, 0, &wanted, &g_deviceSpec, SDL_AUDIO_ALLOW_ANY_CHANGE);
+    g_device = SDL_OpenAudioDevice(nullptr, 0, &wanted, &g_deviceFormat, SDL_AUDIO_ALLOW_ANY_CHANGE);
     if (g_device) SDL_PauseAudioDevice(g_device, 0);
 }
 
