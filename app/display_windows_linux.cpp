@@ -2,16 +2,10 @@
 // launch display; the rebuild on display changes. SDL gives the displays in
 // the display server's virtual-screen coordinates (the X root window's).
 #include <SDL.h>
-#include <SDL_syswm.h>
-#include <X11/Xlib.h>
-#include <X11/extensions/Xrandr.h>
 
 #include <cstdlib>
-#include <algorithm>
 #include <cstring>
-#include <tuple>
 
-#include "app/desktop_dpi.h"
 #include "app/display_windows.h"
 #include "app/linux_shell.h"
 #include "play/play_field.h"
@@ -56,27 +50,6 @@ DisplayWindow RecordFor(const Rect& screenRect) {
     window.height = Height(screenRect);
     window.sceneryTheme = static_cast<uint32_t>(RandomInt(0, 4));
     return window;
-}
-
-// The X11 connection and window behind an SDL window; false elsewhere
-// (Wayland), where SDL's own calls are all there is.
-bool X11Window(SDL_Window* window, Display*& display, Window& xwindow) {
-    SDL_SysWMinfo info;
-    SDL_VERSION(&info.version);
-    if (!SDL_GetWindowWMInfo(window, &info) || info.subsystem != SDL_SYSWM_X11) return false;
-    display = info.info.x11.display;
-    xwindow = info.info.x11.window;
-    return true;
-}
-
-// The desktop's DPI for the home window: the X resource Xft.dpi, as the
-// connection read it when it opened; 0 (counted as 96) without one.
-uint32_t DesktopDpi(SDL_Window* home) {
-    Display* display = nullptr;
-    Window xwindow = 0;
-    if (!X11Window(home, display, xwindow)) return 0;
-    const char* resources = XResourceManagerString(display);
-    return resources ? DpiFromXResources(resources) : 0;
 }
 
 }  // namespace
@@ -134,8 +107,9 @@ void CreateDisplayWindows() {
 void RebuildDisplayWindows() {
     CancelPress();  // before the old windows and their capture go
     CreateDisplayWindows();
+    RememberX11Layout();
     if (g_mainWindow) {
-        g_dpiScale = DpiScaleFromDpi(DesktopDpi(g_mainWindow));
+        g_dpiScale = DpiScaleFromDpi(X11DesktopDpi(g_mainWindow));
         g_shortcutTarget = g_mainWindow;
     }
     LayoutPlayField();
@@ -147,57 +121,14 @@ void RebuildDisplayWindows() {
 
 void BringToForeground(WindowHandle window) {
     SDL_RaiseWindow(window);
-    // Where no window manager acts on SDL's request the last window shown
-    // keeps the focus; and SDL's own focus call leaves the desktop without
-    // one (no shortcut works) once play ends: the focus reverts to the
-    // pointer's window instead.
-    Display* display = nullptr;
-    Window xwindow = 0;
-    if (!X11Window(window, display, xwindow)) return;
-    XSetInputFocus(display, xwindow, RevertToPointerRoot, CurrentTime);
-    XFlush(display);
+    // Where no window manager acts on SDL's request (and none acts for an
+    // override-redirect window) the last window shown keeps the focus.
+    FocusX11Window(window);
 }
 
 void ReassertTopmost() {
-    for (const DisplayWindow& window : g_displayWindows) {
-        if (!window.hwnd) continue;
-        // Raised without taking the focus, as the Windows program's topmost
-        // call does not activate; the always-on-top state is asked again for
-        // window managers that honour it.
-        SDL_SetWindowAlwaysOnTop(window.hwnd, SDL_TRUE);
-        Display* display = nullptr;
-        Window xwindow = 0;
-        if (X11Window(window.hwnd, display, xwindow)) {
-            XRaiseWindow(display, xwindow);
-            XFlush(display);
-        } else {
-            SDL_RaiseWindow(window.hwnd);
-        }
-    }
+    // Raised without taking the focus, as the Windows program's topmost
+    // call does not activate.
+    RaiseDisplayWindows();
     ClampMasterVolume();
-}
-
-bool DisplaysChanged() {
-    if (!g_mainWindow) return false;
-    Display* display = nullptr;
-    Window xwindow = 0;
-    if (!X11Window(g_mainWindow, display, xwindow)) return false;
-    // The server's current layout, without probing the outputs.
-    int count = 0;
-    XRRMonitorInfo* monitors = XRRGetMonitors(display, DefaultRootWindow(display), True, &count);
-    if (!monitors) return false;
-    std::vector<Rect> now;
-    for (int i = 0; i < count; ++i) {
-        now.push_back({monitors[i].x, monitors[i].y, monitors[i].x + monitors[i].width,
-                       monitors[i].y + monitors[i].height});
-    }
-    XRRFreeMonitors(monitors);
-    std::vector<Rect> shown;
-    for (const DisplayWindow& window : g_displayWindows) shown.push_back(window.screenRect);
-    const auto byPlace = [](const Rect& a, const Rect& b) {
-        return std::tie(a.left, a.top, a.right, a.bottom) < std::tie(b.left, b.top, b.right, b.bottom);
-    };
-    std::sort(now.begin(), now.end(), byPlace);
-    std::sort(shown.begin(), shown.end(), byPlace);
-    return now != shown;
 }

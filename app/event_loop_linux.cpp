@@ -70,7 +70,7 @@ void WindowEvent(const SDL_WindowEvent& event) {
         AddWindowDirt(window->hwnd, {0, 0, window->width, window->height});
         break;
     case SDL_WINDOWEVENT_FOCUS_GAINED:
-        GrabKeyboardFor(window->hwnd);
+        GrabKeyboardFor(window->hwnd);  // SDL's grab follows the focus
         break;
     case SDL_WINDOWEVENT_CLOSE:
         PostQuit();  // a window manager's close: teardown after the loop
@@ -115,6 +115,10 @@ uint64_t Microseconds(uint64_t counts) { return counts * 1000000 / SDL_GetPerfor
 
 void FrameTick() {
     const uint64_t start = SDL_GetPerformanceCounter();
+    // Another window that came up over Puffino's goes under again within
+    // a frame; at most once a frame, so that a program that raises itself
+    // in answer cannot keep the loop busy.
+    if (OthersRestacked()) RaiseDisplayWindows();
     AdvanceFrame();  // invalidates what moved
     PaintWindows();
     if (g_frameTimes) {
@@ -128,8 +132,9 @@ void RunTimers() {
     if (TimerFires(g_topmostTimer, now)) {
         // A display whose mode or place changed is noticed here: SDL reports
         // displays coming and going, not their new layout.
-        if (DisplaysChanged()) RefreshDisplays();
+        if (X11LayoutChanged()) RefreshDisplays();
         ReassertTopmost();
+        RenewKeyboardGuard();
     }
     if (TimerFires(g_frameTimer, now)) FrameTick();
 }
@@ -164,6 +169,8 @@ void RunEventLoop() {
             HandleEvent(event);
             while (!g_quitPosted && SDL_PollEvent(&event)) HandleEvent(event);
         }
+        if (g_quitPosted) break;
+        PumpX11Desktop();  // the held keys, and other windows' stacking
         if (g_quitPosted) break;
         if (g_displaysChanged) RefreshDisplays();
         RunTimers();

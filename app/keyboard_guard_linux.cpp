@@ -1,7 +1,9 @@
-// The keyboard guard of the Linux edition: while play runs, the home window
-// holds the keyboard (an X11 keyboard grab; on Wayland the compositor's
-// shortcut inhibition), so the desktop's shortcuts reach nothing else, and
-// every key event goes through the guard's rules. Alt+F4 ends play.
+// The keyboard guard of the Linux edition: while play runs, Puffino holds
+// the keyboard (on X11 through its own connection to the server, see
+// x11_desktop_linux.cpp; on Wayland through SDL's grab, which asks the
+// compositor to inhibit its shortcuts), so the desktop's shortcuts reach
+// nothing else, and every key event goes through the guard's rules. Alt+F4
+// ends play.
 #include <SDL.h>
 
 #include "app/display_windows.h"
@@ -13,9 +15,9 @@ namespace {
 
 bool g_guardInstalled = false;
 
-// The guard's rules speak in Windows key codes; the keys they name are
-// translated, every other key counts as an ordinary one.
-uint32_t GuardKeyCode(SDL_Keycode key) {
+// The guard's rules speak in the Windows program's key codes; SDL's names
+// for the keys they name are translated, every other key is ordinary.
+uint32_t GuardCodeOf(SDL_Keycode key) {
     switch (key) {
     case SDLK_TAB: return guard_keys::kTab;
     case SDLK_ESCAPE: return guard_keys::kEscape;
@@ -29,25 +31,33 @@ uint32_t GuardKeyCode(SDL_Keycode key) {
     }
 }
 
-GuardedKey ReadKey(const SDL_KeyboardEvent& event) {
+DesktopKey ReadKey(const SDL_KeyboardEvent& event) {
     const Uint16 mod = event.keysym.mod;
-    GuardedKey key;
-    key.altDown = (mod & KMOD_ALT) != 0;
-    // Alt turns a key press into a system key press, as on Windows.
-    const bool down = event.type == SDL_KEYDOWN;
-    key.message = down ? (key.altDown ? guard_keys::kSysKeyDown : guard_keys::kKeyDown)
-                       : (key.altDown ? guard_keys::kSysKeyUp : guard_keys::kKeyUp);
-    key.vkCode = GuardKeyCode(event.keysym.sym);
-    key.ctrlDown = (mod & KMOD_CTRL) != 0;
-    key.shiftDown = (mod & KMOD_SHIFT) != 0;
-    key.winDown = (mod & KMOD_GUI) != 0;
-    key.targetPresent = g_shortcutTarget != nullptr;
+    DesktopKey key;
+    key.guardCode = GuardCodeOf(event.keysym.sym);
+    key.down = event.type == SDL_KEYDOWN;
+    key.alt = (mod & KMOD_ALT) != 0;
+    key.ctrl = (mod & KMOD_CTRL) != 0;
+    key.shift = (mod & KMOD_SHIFT) != 0;
+    key.gui = (mod & KMOD_GUI) != 0;
     return key;
 }
 
-bool IsAltF4(const SDL_KeyboardEvent& event) {
-    return event.type == SDL_KEYDOWN && event.keysym.sym == SDLK_F4 && (event.keysym.mod & KMOD_ALT);
+GuardedKey ToGuardedKey(const DesktopKey& key) {
+    GuardedKey guarded;
+    guarded.altDown = key.alt;
+    // Alt turns a key press into a system key press, as on Windows.
+    guarded.message = key.down ? (key.alt ? guard_keys::kSysKeyDown : guard_keys::kKeyDown)
+                               : (key.alt ? guard_keys::kSysKeyUp : guard_keys::kKeyUp);
+    guarded.vkCode = key.guardCode;
+    guarded.ctrlDown = key.ctrl;
+    guarded.shiftDown = key.shift;
+    guarded.winDown = key.gui;
+    guarded.targetPresent = g_shortcutTarget != nullptr;
+    return guarded;
 }
+
+bool IsAltF4(const DesktopKey& key) { return key.down && key.guardCode == guard_keys::kF4 && key.alt; }
 
 }  // namespace
 
@@ -58,34 +68,48 @@ void InstallKeyboardGuard() {
 }
 
 void GrabKeyboardFor(WindowHandle window) {
-    // SDL holds the grab for the window with the focus only; whichever
-    // display window a window manager focuses asks for it. A grab the
-    // display server refuses leaves play running unguarded. SDL ignores a
-    // request for a window it already marks as grabbed, though the grab
-    // waited for the focus: the mark is cleared so that this one counts.
     if (!g_guardInstalled || !window) return;
+    // On X11 the keyboard is held for the home window, whichever window
+    // has the focus; a grab the server refuses is asked for again on the
+    // next topmost tick, and play runs unguarded until then.
+    if (X11DesktopOpen()) {
+        HoldX11Keyboard(g_mainWindow);
+        return;
+    }
+    // SDL holds the grab for the window with the focus only, so whichever
+    // display window gets the focus asks for it. SDL ignores a request for
+    // a window it already marks as grabbed, though the grab waited for the
+    // focus: the mark is cleared so that this one counts.
     SDL_SetWindowKeyboardGrab(window, SDL_FALSE);
     SDL_SetWindowKeyboardGrab(window, SDL_TRUE);
+}
+
+void RenewKeyboardGuard() {
+    // Only the X server's grab can be taken again without a gap.
+    if (g_guardInstalled && g_mainWindow && X11DesktopOpen()) HoldX11Keyboard(g_mainWindow);
 }
 
 void RemoveKeyboardGuard() {
     if (!g_guardInstalled) return;
     g_guardInstalled = false;
+    ReleaseX11Keyboard();
     for (const DisplayWindow& window : g_displayWindows) {
         if (window.hwnd) SDL_SetWindowKeyboardGrab(window.hwnd, SDL_FALSE);
     }
 }
 
-void HandleKeyEvent(const SDL_Event& event) {
+void HandleKeyEvent(const SDL_Event& event) { HandleGuardedKey(ReadKey(event.key)); }
+
+void HandleGuardedKey(const DesktopKey& key) {
     if (!g_guardInstalled) {
-        // Unguarded, the keys are the desktop's; with no window manager to
-        // turn Alt+F4 into a close request, it closes play here, as the
+        // Unguarded, the keys are the desktop's; where no window manager
+        // turns Alt+F4 into a close request, it closes play here, as the
         // system's Alt+F4 closes the Windows program.
-        if (IsAltF4(event.key)) PostQuit();
+        if (IsAltF4(key)) PostQuit();
         return;
     }
-    const GuardDecision decision = DecideGuardedKey(ReadKey(event.key));
+    const GuardDecision decision = DecideGuardedKey(ToGuardedKey(key));
     // A reported key reaches the home window; only Alt+F4 does anything
     // there. Whatever else the grab holds back does nothing at all.
-    if (decision.report && event.key.keysym.sym == SDLK_F4) EndPlay();
+    if (decision.report && key.guardCode == guard_keys::kF4) EndPlay();
 }

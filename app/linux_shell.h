@@ -34,24 +34,60 @@ void PaintWindows();
 // Forgets a window's pending rectangle (the window is going away).
 void ForgetWindowDirt(WindowHandle window);
 
-// The keyboard guard (keyboard_guard_linux.cpp): grabs the keyboard for the
-// home window while play runs; HandleKeyEvent applies the guard's rules to
-// one key event (Alt+F4 ends play).
+// The keyboard guard (keyboard_guard_linux.cpp): holds the keyboard for the
+// home window while play runs (on X11 through the desktop connection below,
+// on Wayland through SDL's grab, which asks the compositor to inhibit its
+// shortcuts) and puts every key event through the guard's rules: Alt+F4
+// ends play.
 void InstallKeyboardGuard();
 void RemoveKeyboardGuard();
-// The grab for a display window that has (or is to get) the focus: the
-// home window after start-up and every rebuild, any window a window
-// manager focuses.
+// The hold asked for anew: after start-up and every rebuild, on every
+// topmost tick, and for a display window that got the focus (SDL grabs
+// for the focused window only).
 void GrabKeyboardFor(WindowHandle window);
+void RenewKeyboardGuard();
+
+// One key event as the guard reads it, from SDL or from the X server.
+struct DesktopKey {
+    uint32_t guardCode = 0;  // the guard's code for the keys its rules name, else 0
+    bool down = false;
+    bool alt = false;
+    bool ctrl = false;
+    bool shift = false;
+    bool gui = false;  // a Windows (Super) key held
+};
 void HandleKeyEvent(const SDL_Event& event);
+void HandleGuardedKey(const DesktopKey& key);
+
+// The X11 desktop (x11_desktop_linux.cpp): a connection of Puffino's own
+// that holds the keyboard and watches the stacking, opened once SDL's
+// video is up; off X11 (Wayland) it does not open and every call below
+// does nothing.
+bool OpenX11Desktop();
+void CloseX11Desktop();
+bool X11DesktopOpen();
+bool HoldX11Keyboard(WindowHandle home);  // true when held
+void ReleaseX11Keyboard();
+// Every loop turn: the held keys go to HandleGuardedKey, and another
+// client's window mapping or restacking is noted for OthersRestacked.
+void PumpX11Desktop();
+bool OthersRestacked();  // since the windows were last raised
+// Every display window above every other window.
+void RaiseDisplayWindows();
+// The keyboard focus for a display window, reverting to the pointer's
+// window when it goes.
+void FocusX11Window(WindowHandle window);
+// The desktop's DPI (the Xft.dpi resource); 0 where there is none.
+uint32_t X11DesktopDpi(WindowHandle window);
+// The outputs' layout: remembered by every rebuild, compared on every
+// topmost tick.
+void RememberX11Layout();
+bool X11LayoutChanged();
 
 // The event loop (event_loop_linux.cpp): runs until the quit is posted.
 // StartTimers sets (or restarts) the frame and topmost timers.
 void StartTimers();
 void StopTimers();
 void RunEventLoop();
-// Whether the display server's displays no longer match the windows
-// (display_windows_linux.cpp); asked on every topmost tick.
-bool DisplaysChanged();
 // As PostQuitMessage: the loop ends after the event being handled.
 void PostQuit();

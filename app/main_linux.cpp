@@ -21,6 +21,14 @@ namespace {
 void SetPlatformHints() {
     // The windows must stay up when another program takes the focus.
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+    // On X11 no window manager may place, frame, stack or focus the
+    // windows: it would keep them inside the work area below its panels,
+    // float them all onto one monitor, or let another window cover them.
+    SDL_SetHint(SDL_HINT_X11_FORCE_OVERRIDE_REDIRECT, "1");
+    // A press that comes with a focus change is a press: SDL would drop
+    // one made within moments of its window getting the focus (a window
+    // manager's focus-on-click, the home window focused after a rebuild).
+    SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
     // The frames are composed in memory: the window surface is best shown
     // by the window system's own image copy (shared memory on X11). SDL
     // would otherwise put it through OpenGL, which without a graphics
@@ -34,6 +42,7 @@ void SetPlatformHints() {
 // After the loop: whatever EndPlay has not already released.
 void TearDown() {
     RemoveKeyboardGuard();
+    CloseX11Desktop();
     g_shortcutTarget = nullptr;
     DestroyDisplayWindows();
     g_mainWindow = nullptr;
@@ -59,6 +68,7 @@ int main() {
     SetPlatformHints();
     // Without a display no home window can be made.
     if (SDL_Init(SDL_INIT_VIDEO) != 0) return 1;
+    OpenX11Desktop();  // on an X server; elsewhere SDL's own means serve
     OpenSoundOutput();
     LoadPenguinImages(PoseFolder());
     RebuildDisplayWindows();
