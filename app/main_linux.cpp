@@ -4,8 +4,6 @@
 // no log.
 #include <SDL.h>
 
-#include <cstdlib>
-
 #include "app/display_windows.h"
 #include "app/linux_shell.h"
 #include "app/shell.h"
@@ -31,11 +29,6 @@ void SetPlatformHints() {
     // one made within moments of its window getting the focus (a window
     // manager's focus-on-click, the home window focused after a rebuild).
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
-    // SDL prefers an X server's DirectColor visual (for gamma ramps Puffino
-    // never sets); compositing window managers such as mutter and GNOME
-    // Shell show windows of that visual as nothing at all. The ordinary
-    // TrueColor one shows everywhere.
-    setenv("SDL_VIDEO_X11_NODIRECTCOLOR", "1", 1);
     // The frames are composed in memory: the window surface is best shown
     // by the window system's own image copy (shared memory on X11). SDL
     // would otherwise put it through OpenGL, which without a graphics
