@@ -10,29 +10,22 @@
 
 #include <array>
 #include <filesystem>
-#include <fstream>
-#include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
-#include <vector>
+#include <system_error>
+#include <utility>
 
 #include "assets/file_paths.h"
 #include "assets/font_folders.h"
-#include "assets/fonts.h"
-#include "render/canvas_linux.h"
+#include "assets/fonts_linux.h"
+#include "assets/whole_file.h"
 
 namespace {
 
 // Japanese families that may be installed, best first.
 constexpr std::array<const char*, 5> kFallbackFamilyNames = {
     "HGP創立者角ポップ体 W9", "HG丸ゴシックM-PRO", "Yu Kyokasho Yoko", "Yu Gothic UI", "Meiryo UI",
-};
-
-// A face read from a file, with the bytes FreeType reads it from.
-struct LoadedFont {
-    std::vector<char> bytes;
-    FontFace face;
-    bool attempted = false;
-    bool loaded = false;
 };
 
 struct Fonts {
@@ -72,18 +65,7 @@ const FontFace* LoadPrivateFamily(LoadedFont& font, const wchar_t* fileName) {
     font.attempted = true;
     const std::wstring path = FindFontFile(fileName);
     if (path.empty()) return nullptr;
-    std::ifstream stream(FilePath(path), std::ios::binary);
-    font.bytes.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
-    FT_Face face = nullptr;
-    if (font.bytes.empty() || !Library() ||
-        FT_New_Memory_Face(Library(), reinterpret_cast<const FT_Byte*>(font.bytes.data()),
-                           static_cast<FT_Long>(font.bytes.size()), 0, &face) != 0) {
-        font.bytes.clear();
-        return nullptr;
-    }
-    font.face = {CairoFace(face), nullptr, LineSpacingOf(face)};
-    font.loaded = true;
-    return &font.face;
+    return LoadFontFile(font, path);
 }
 
 // The file of the family's face of that weight or heavier (bold), or of
@@ -118,8 +100,12 @@ std::string InstalledFile(const char* family, bool bold, int& index) {
 FT_Face OpenInstalled(const char* family, bool bold) {
     int index = 0;
     const std::string file = InstalledFile(family, bold, index);
+    // FreeType opens the file itself: only a regular file, which never
+    // makes it wait (fontconfig's cache may name one that has changed).
+    std::error_code error;
+    if (file.empty() || !std::filesystem::is_regular_file(file, error) || error) return nullptr;
     FT_Face face = nullptr;
-    if (file.empty() || !Library() || FT_New_Face(Library(), file.c_str(), index, &face) != 0) return nullptr;
+    if (!Library() || FT_New_Face(Library(), file.c_str(), index, &face) != 0) return nullptr;
     return face;
 }
 
@@ -130,6 +116,22 @@ void Release(FontFace& face) {
 }
 
 }  // namespace
+
+const FontFace* LoadFontFile(LoadedFont& font, const std::wstring& path) {
+    // A folder, a fifo or a file that cannot be read gives no bytes.
+    std::optional<std::string> bytes = ReadWholeFile(FilePath(path));
+    if (!bytes || bytes->empty() || !Library()) return nullptr;
+    font.bytes = std::move(*bytes);
+    FT_Face face = nullptr;
+    if (FT_New_Memory_Face(Library(), reinterpret_cast<const FT_Byte*>(font.bytes.data()),
+                           static_cast<FT_Long>(font.bytes.size()), 0, &face) != 0) {
+        font.bytes.clear();
+        return nullptr;
+    }
+    font.face = {CairoFace(face), nullptr, LineSpacingOf(face)};
+    font.loaded = true;
+    return &font.face;
+}
 
 const FontFace* ChooseFallbackFamily(bool boldRequired) {
     if (!g_fonts.fallbacksLooked) {

@@ -4,12 +4,13 @@
 
 #include <png.h>
 
-#include <filesystem>
-#include <system_error>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "assets/file_paths.h"
 #include "assets/sprite_filters.h"
+#include "assets/whole_file.h"
 
 void PosePictureDeleter::operator()(PosePicture* picture) const {
     if (picture && picture->surface) cairo_surface_destroy(picture->surface);
@@ -18,12 +19,12 @@ void PosePictureDeleter::operator()(PosePicture* picture) const {
 
 namespace {
 
-// The file as blue, green, red, alpha bytes, not premultiplied: the layout
-// the filters take. Empty when it does not decode.
-std::vector<uint8_t> DecodePng(const std::filesystem::path& file, int32_t& width, int32_t& height) {
+// The file's bytes as blue, green, red, alpha bytes, not premultiplied: the
+// layout the filters take. Empty when they do not decode.
+std::vector<uint8_t> DecodePng(const std::string& file, int32_t& width, int32_t& height) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
-    if (!png_image_begin_read_from_file(&image, file.c_str())) return {};
+    if (!png_image_begin_read_from_memory(&image, file.data(), file.size())) return {};
     image.format = PNG_FORMAT_BGRA;
     std::vector<uint8_t> pixels(PNG_IMAGE_SIZE(image));
     if (!png_image_finish_read(&image, nullptr, pixels.data(), 0, nullptr)) {
@@ -39,11 +40,12 @@ std::vector<uint8_t> DecodePng(const std::filesystem::path& file, int32_t& width
 
 PoseSlot LoadSpriteFile(const std::wstring& path) {
     if (path.empty()) return nullptr;
-    const std::filesystem::path file = FilePath(path);
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error) || error) return nullptr;
+    // Read whole before decoding: a folder or a fifo with a picture's name,
+    // or a file that cannot be read, is no picture.
+    const std::optional<std::string> file = ReadWholeFile(FilePath(path));
+    if (!file) return nullptr;
     int32_t width = 0, height = 0;
-    std::vector<uint8_t> pixels = DecodePng(file, width, height);
+    std::vector<uint8_t> pixels = DecodePng(*file, width, height);
     if (pixels.empty()) return nullptr;
 
     const SpritePixels sprite{pixels.data(), width, height, static_cast<ptrdiff_t>(width) * 4};

@@ -5,11 +5,10 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "assets/file_paths.h"
+#include "assets/whole_file.h"
 #include "settings/config_values.h"
 #include "settings/profile_reader.h"
 #include "settings/settings.h"
@@ -18,7 +17,8 @@ namespace {
 
 void WriteDefaultFile(const std::filesystem::path& path) {
     // O_EXCL: a file that is there, or appeared meanwhile, is never
-    // overwritten.
+    // overwritten, and whatever else has the name (a folder, a fifo) is
+    // never opened.
     const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (file < 0) return;
     // UTF-16 LE whatever the machine's byte order, behind its mark.
@@ -52,10 +52,9 @@ void LoadSettings(Settings& settings) {
     EnsureAppDataDirectory();
     const std::filesystem::path path = FilePath(AppDataFile(L"config.ini"));
     WriteDefaultFile(path);
-    // A file that cannot be read reads as an empty one: every default stands.
-    std::ifstream file(path, std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-    const std::u16string text = DecodeProfileText(bytes);
+    // A file that cannot be read, or a folder or a fifo in its place, reads
+    // as an empty one: every default stands.
+    const std::u16string text = DecodeProfileText(ReadWholeFile(path).value_or(std::string()));
 
     ReadSettingNumbers(settings, [&text](const char16_t* key, int32_t fallback) {
         return ReadProfileInt(text, u"Puffino", key, fallback);

@@ -3,10 +3,13 @@
 #include "settings/high_score.h"
 
 #include <filesystem>
-#include <fstream>
 #include <locale>
+#include <optional>
+#include <sstream>
+#include <string>
 
 #include "assets/file_paths.h"
+#include "assets/whole_file.h"
 #include "settings/settings.h"
 
 int32_t g_bestScore = 0;
@@ -28,17 +31,21 @@ int32_t ParseBestScore(std::istream& text) {
 
 void LoadBestScore() {
     g_bestScore = 0;
-    std::ifstream file(HighScoreFile());
-    if (file) g_bestScore = ParseBestScore(file);
+    // A folder, a fifo or a file that cannot be read holds no best score.
+    const std::optional<std::string> bytes = ReadWholeFile(HighScoreFile());
+    if (!bytes) return;
+    std::istringstream text(*bytes);
+    g_bestScore = ParseBestScore(text);
 }
 
 void SaveBestScore() {
     const int32_t value = g_bestScore;
     EnsureAppDataDirectory();
     // CR LF written out, so that the file has the same bytes in both
-    // editions and can be copied between them.
-    std::ofstream file(HighScoreFile(), std::ios::out | std::ios::trunc | std::ios::binary);
-    if (!file) return;
-    file.imbue(std::locale::classic());
-    file << value << "\r\n";
+    // editions and can be copied between them. Something other than a file
+    // in its place is left alone; play goes on with the best score in memory.
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << value << "\r\n";
+    WriteWholeFile(HighScoreFile(), text.str());
 }

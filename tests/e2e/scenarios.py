@@ -99,6 +99,11 @@ TWO_MONITORS = {
               step.expect_file("config.ini", config), step.expect_file("high_score.txt", best)]
        for name, how, config, best in (("no application-data folder", "deleted", DEFAULT_CONFIG, BEST),
                                        ("an unwritable application-data folder", "read-only", None, None))},
+    "a folder where config.ini belongs": [  # read as no file: play with the defaults, the sound on
+        step.given_file("config.ini", "a folder"), step.start(learn=False),
+        step.hold_penguin(until="chirp", let_go=True),
+        step.press_keys("alt+F4"), step.expect_exit(0), step.expect_file("config.ini", "a folder"),
+    ],
 }
 
 WINDOWS_TWO_MONITORS = {

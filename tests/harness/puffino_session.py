@@ -327,9 +327,11 @@ class PuffinoSession:
                              f"{events} behind Puffino", 10)[0]
         check(not set(unseen) & set(seen), f"{unseen} got past Puffino")
 
-    def given_file(self, name, data, mode=0o644):
+    def given_file(self, name, data, mode=0o644):  # data "a folder": a folder by that name
         path = self.profile() / name
         path.parent.mkdir(parents=True, exist_ok=True)
+        if data == "a folder":
+            return path.mkdir()
         path.write_bytes(data)
         path.chmod(mode)
 

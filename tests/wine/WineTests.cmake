@@ -46,6 +46,7 @@ puffino_wine_tests(settings_tests
   ${CMAKE_CURRENT_LIST_DIR}/settings_tests.cpp
   ${SETTINGS_SOURCES}
   ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp
+  ${PROJECT_SOURCE_DIR}/assets/whole_file_win.cpp
   ${PROJECT_SOURCE_DIR}/app/shell.cpp)
 
 # The pose pictures' loading with its fallbacks and their clean-up.

@@ -95,9 +95,9 @@ TEST_F(FontFiles, FacesLoadOnceFromTheFontFolderAndKeepTheirBytes) {
 }
 
 TEST_F(FontFiles, EmptyOrForeignFilesGiveNoFamilyAndKeepNothing) {
-    TempTree tree({L"empty.ttf"});
+    TempTree tree({L"empty.ttf", L"folder.ttf\\"});
     std::ofstream(std::filesystem::path(tree.Path(L"text.ttf"))) << std::string(4096, 'x');
-    for (const wchar_t* name : {L"empty.ttf", L"text.ttf", L"none.ttf"}) {
+    for (const wchar_t* name : {L"empty.ttf", L"text.ttf", L"none.ttf", L"folder.ttf"}) {
         LoadedFont font;
         EXPECT_EQ(LoadFontFile(font, tree.Path(name)), nullptr) << name;
         EXPECT_FALSE(font.loaded || font.collection || font.family || !font.bytes.empty());

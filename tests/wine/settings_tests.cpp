@@ -64,6 +64,18 @@ TEST(ConfigFile, SettingsFromTheSharedCases) {
     }
 }
 
+TEST(ConfigFile, AFolderInItsPlaceReadsAsNoFile) {
+    const std::filesystem::path file = AppDataFile(L"config.ini");
+    std::filesystem::remove_all(file);
+    std::filesystem::create_directories(file);
+    Settings settings{50, false, false, L"stale"};
+    LoadSettings(settings);
+    EXPECT_TRUE(settings.soundEnabled && settings.blockSystemShortcuts && settings.volumeClampPercent == 0 &&
+                settings.language.empty());
+    EXPECT_TRUE(std::filesystem::is_directory(file)) << "no first start's file written over it";
+    std::filesystem::remove_all(file);
+}
+
 TEST(HighScoreFile, ReadAndWrittenWithCrLf) {
     const struct { std::string bytes; int32_t best; } cases[] = {
         {"  42 trailing words", 42}, {"-3\r\n", 0}, {"12345678901234567890\r\n", 0}, {"", 0},
