@@ -149,7 +149,10 @@ class NativeSession:
         self.env = {**self.x_env, "HOME": str(self.home_folder), "XDG_CONFIG_HOME": str(self.home_folder / ".config"),
                     "XDG_CACHE_HOME": str(self.root / "cache"), "XDG_RUNTIME_DIR": str(self.root / "run"),
                     "SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(self.sound_file),
-                    "PULSE_SERVER": "unix:/nonexistent"}
+                    "PULSE_SERVER": "unix:/nonexistent",
+                    # No session bus, and none started on demand (dbus-launch
+                    # writes into the home folder): a desktop gives its own.
+                    "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}
         self.grabber = Grabber(self.x_display, self.width, self.height)
         self.x11 = xlib()
         self.x_connection = self.x11.XOpenDisplay(self.x_display.encode())
