@@ -72,7 +72,9 @@ include(${PROJECT_SOURCE_DIR}/benchmarks/Benchmarks.cmake)
 # benchmarks have it.
 include(${PROJECT_SOURCE_DIR}/cmake/LinuxPackage.cmake)
 
-# Puffino.exe and the Windows test programs, built by the cross toolchain.
+# Puffino.exe and the Windows test programs, built by the cross toolchain,
+# with this build's Python. The "windows" configure preset makes the same
+# tree with the same settings (CMakePresets.json): keep the two alike.
 include(ExternalProject)
 set(PUFFINO_WINDOWS_BUILD ${CMAKE_BINARY_DIR}/windows)
 ExternalProject_Add(puffino_windows
@@ -80,6 +82,7 @@ ExternalProject_Add(puffino_windows
   BINARY_DIR ${PUFFINO_WINDOWS_BUILD}
   CMAKE_ARGS -DCMAKE_TOOLCHAIN_FILE=${PROJECT_SOURCE_DIR}/cmake/mingw-w64-x86_64.cmake
              -DCMAKE_BUILD_TYPE=Release
+             -DPython3_EXECUTABLE=${Python3_EXECUTABLE}
              -DPUFFINO_DIST_DIR=${CMAKE_BINARY_DIR}/dist
              -DPUFFINO_DOWNLOADS=${CMAKE_BINARY_DIR}/downloads
   BUILD_ALWAYS ON
@@ -89,7 +92,8 @@ ExternalProject_Add(puffino_windows
 # tarball in the shared downloads/ and only unpacks it.
 add_dependencies(puffino_windows fonts)
 
-# The fuzzers, built by clang (libFuzzer comes with it).
+# The fuzzers, built by clang (libFuzzer comes with it); the same tree as
+# the "fuzz" configure preset's.
 set(PUFFINO_FUZZ_BUILD ${CMAKE_BINARY_DIR}/fuzz)
 ExternalProject_Add(puffino_fuzzers
   SOURCE_DIR ${PROJECT_SOURCE_DIR}

@@ -11,11 +11,9 @@ import tempfile
 import time
 from pathlib import Path
 
-import numpy
-
 from linux_package import unpack_package
 from puffino_session import PuffinoSession, check, same
-from screen import Grabber, read_png, save_png
+from screen import Grabber, read_png
 
 REPO = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ.get("PUFFINO_BUILD_DIR", REPO / "build"))
@@ -203,7 +201,7 @@ class NativeSession:
             raise AssertionError("Puffino did not end") from None
 
     def screenshot(self, name):
-        save_png(self.grabber.grab()[1], path := self.artifacts / f"{name}.png")
+        self.grabber.save(path := self.artifacts / f"{name}.png")
         return path
 
     def property_cardinal(self, window, atom):
@@ -347,6 +345,7 @@ class NativePuffino(NativeSession, PuffinoSession):
         silence, told apart by their pitch: the chirp (0.09 s) rises, a pop
         glides down (the praise's cheer, which cuts a pop off, counts as it).
         A stretch near the end of a growing file may still go on: left out."""
+        import numpy  # the sound maths; the worlds and the demo need none
         found = []
         for path, process in self.sound_files:
             size, ended = path.stat().st_size if path.exists() else 0, process.poll() is not None
@@ -357,6 +356,7 @@ class NativePuffino(NativeSession, PuffinoSession):
 
     @staticmethod
     def split(samples, ended):
+        import numpy
         loud = numpy.flatnonzero(samples)
         if not len(loud):
             return []

@@ -6,7 +6,10 @@ import subprocess
 import time
 from collections import namedtuple
 
-import numpy
+try:
+    import numpy  # the picture maths; grabbing and saving a screenshot need none (the demo runs without it)
+except ModuleNotFoundError:
+    numpy = None
 
 CONVERT = "/usr/bin/convert"  # the real ImageMagick, by full path
 OTHER = (1920, 0, 3200, 1024)  # a 1280x1024 monitor right of the 1920x1080 home one, in X screen coordinates
@@ -103,21 +106,30 @@ class Grabber:
         self.root = x11.XDefaultRootWindow(self.display)
         self.width, self.height = width, height
 
-    def grab(self, box=None):
-        """(moment the server handed the pixels over, height x width x 3)."""
+    def grab_bgrx(self, box=None):
+        """(moment the server handed the pixels over, the box's BGRX bytes)."""
         left, top, right, bottom = box or (0, 0, self.width, self.height)
         image = self.x11.XGetImage(self.display, self.root, left, top, right - left, bottom - top,
                                    0xFFFFFFFF, 2)  # AllPlanes, ZPixmap
         taken, pixels = time.monotonic(), ctypes.c_void_p.from_address(image + 16).value  # after four ints
         try:
-            raw = ctypes.string_at(pixels, 4 * (right - left) * (bottom - top))
-            return taken, numpy.frombuffer(raw, numpy.uint8).reshape(bottom - top, right - left, 4)[..., 2::-1].copy()
+            return taken, ctypes.string_at(pixels, 4 * (right - left) * (bottom - top))
         finally:
             self.x11.XFree(pixels)
             self.x11.XFree(image)
 
-    def pixel(self, x, y):
-        return tuple(int(c) for c in self.grab((x, y, x + 1, y + 1))[1][0, 0])
+    def grab(self, box=None):
+        """(moment the server handed the pixels over, height x width x 3)."""
+        left, top, right, bottom = box or (0, 0, self.width, self.height)
+        taken, raw = self.grab_bgrx(box)
+        return taken, numpy.frombuffer(raw, numpy.uint8).reshape(bottom - top, right - left, 4)[..., 2::-1].copy()
+
+    def pixel(self, x, y):  # (red, green, blue)
+        return tuple(self.grab_bgrx((x, y, x + 1, y + 1))[1][2::-1])
+
+    def save(self, path):  # the whole screen as a PNG
+        subprocess.run([CONVERT, "-size", f"{self.width}x{self.height}", "-depth", "8", "bgra:-", "-alpha", "off",
+                        str(path)], input=self.grab_bgrx()[1], check=True, timeout=60)
 
     def close(self):
         self.x11.XCloseDisplay(self.display)

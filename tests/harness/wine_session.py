@@ -11,7 +11,7 @@ import zipfile
 from pathlib import Path
 
 from puffino_session import PuffinoSession, check, same
-from screen import Grabber, read_png, save_png
+from screen import Grabber, read_png
 
 REPO = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ.get("PUFFINO_BUILD_DIR", REPO / "build"))
@@ -188,7 +188,7 @@ class WineSession:
             raise AssertionError("Puffino did not end") from None
 
     def screenshot(self, name):
-        save_png(self.grabber.grab()[1], path := self.artifacts / f"{name}.png")
+        self.grabber.save(path := self.artifacts / f"{name}.png")
         return path
 
 
