@@ -30,8 +30,9 @@ NOBODY = 65534
 OUTPUTS = ("HEADLESS-1", "HEADLESS-2")  # the headless backend's names, in the order of TWO_MONITORS
 BAR_HEIGHT = 23  # swaybar's height with sway's default font
 # The desktop's shortcuts, as a desktop binds them, and what the file then
-# says (the X harness's names for what its watcher sees).
-BINDINGS = {"Mod1+Tab": "Tab", "Super_L": "super", "Control+Escape": "Escape"}
+# says (the X harness's names for what its watcher sees). A lone modifier
+# binds on its release, with itself held.
+BINDINGS = {"Mod1+Tab": "Tab", "--release Mod4+Super_L": "super", "Control+Escape": "Escape"}
 SWAY_CONFIG = """xwayland disable
 default_border none
 focus_follows_mouse no
