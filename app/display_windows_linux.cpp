@@ -22,6 +22,15 @@ constexpr Uint32 kWindowFlags =
 
 Rect ToRect(const SDL_Rect& r) { return {r.x, r.y, r.x + r.w, r.y + r.h}; }
 
+// A Wayland window cannot place itself: there each one is full screen on
+// the output it is made on (SDL takes the display under the window's
+// middle), and the compositor keeps it above that output's other windows.
+Uint32 WindowFlags() {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    const bool wayland = driver && std::strcmp(driver, "wayland") == 0;
+    return wayland ? kWindowFlags | SDL_WINDOW_FULLSCREEN_DESKTOP : kWindowFlags;
+}
+
 std::vector<Rect> DisplayRects() {
     std::vector<Rect> rects;
     const int count = SDL_GetNumVideoDisplays();
@@ -95,7 +104,7 @@ void CreateDisplayWindows() {
 
     for (DisplayWindow& window : g_displayWindows) {
         window.hwnd = SDL_CreateWindow("Puffino", window.screenRect.left, window.screenRect.top, window.width,
-                                       window.height, kWindowFlags);
+                                       window.height, WindowFlags());
         // A failed window keeps its record with a null handle.
         if (!window.hwnd) continue;
         if (window.isMain) g_mainWindow = window.hwnd;  // with several, the last wins

@@ -4,6 +4,8 @@
 // no log.
 #include <SDL.h>
 
+#include <cstring>
+
 #include "app/display_windows.h"
 #include "app/linux_shell.h"
 #include "app/shell.h"
@@ -29,14 +31,21 @@ void SetPlatformHints() {
     // one made within moments of its window getting the focus (a window
     // manager's focus-on-click, the home window focused after a rebuild).
     SDL_SetHint(SDL_HINT_MOUSE_FOCUS_CLICKTHROUGH, "1");
-    // The frames are composed in memory: the window surface is best shown
-    // by the window system's own image copy (shared memory on X11). SDL
-    // would otherwise put it through OpenGL, which without a graphics
-    // driver is a software rasterizer costing a frame time of its own.
-    SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     // The name the desktop shows for the windows and the sound stream.
     SDL_SetHint(SDL_HINT_APP_NAME, "Puffino");
     SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Puffino");
+}
+
+// Once the video driver is known. The frames are composed in memory: on
+// X11 the window surface is best shown by the server's own image copy
+// (shared memory). SDL would otherwise put it through OpenGL, which without
+// a graphics driver is a software rasterizer costing a frame time of its
+// own. SDL's Wayland driver has no image copy of its own: its window
+// surface exists only through the accelerated path, so there the hint
+// stays unset (with it no surface, and no window ever shown).
+void SetVideoDriverHints() {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    if (driver && std::strcmp(driver, "x11") == 0) SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
 }
 
 // After the loop: whatever EndPlay has not already released.
@@ -68,6 +77,7 @@ int main() {
     SetPlatformHints();
     // Without a display no home window can be made.
     if (SDL_Init(SDL_INIT_VIDEO) != 0) return 1;
+    SetVideoDriverHints();
     OpenX11Desktop();  // on an X server; elsewhere SDL's own means serve
     OpenSoundOutput();
     LoadPenguinImages(PoseFolder());

@@ -198,9 +198,9 @@ void RaiseDisplayWindows() {
             // change).
             XRaiseWindow(display, xwindow);
             XFlush(display);
-        } else if (window.hwnd) {
-            SDL_RaiseWindow(window.hwnd);
         }
+        // A Wayland window cannot raise itself (asking only marks it
+        // urgent): the compositor keeps a full-screen one on top.
     }
 }
 

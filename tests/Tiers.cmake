@@ -96,6 +96,12 @@ puffino_e2e_test(release test_release)
 add_test(NAME e2e.linux_package COMMAND ${Python3_EXECUTABLE} -m unittest -v test_linux_package
          WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
 set_tests_properties(e2e.linux_package PROPERTIES LABELS e2e ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 300)
+# The Linux edition with SDL's Wayland driver under a headless sway with the
+# same two monitors as outputs (tests/harness/wayland_session.py).
+add_test(NAME e2e.wayland_sway COMMAND ${Python3_EXECUTABLE} -m unittest -v test_wayland_scenarios.Sway
+         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
+set_tests_properties(e2e.wayland_sway PROPERTIES FIXTURES_REQUIRED native_gallery LABELS e2e
+                     ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
 # Made into the build tree on every test run, so a change that stops the demo
 # from making them fails here; ./puffino screenshots makes the committed ones.
 # Python without its site packages (-S): the demo runs on a python3 without

@@ -209,6 +209,33 @@ LINUX_TWO_MONITORS = {
     ],
 }
 
+# The Linux edition with SDL's Wayland driver under sway (headless, a bar
+# along the top of each output; tests/harness/wayland_session.py): each
+# window full screen on its own output, the shortcut inhibition asked for
+# whichever window has the focus. Named as the X desktops' scenarios they
+# stand beside in the desktop matrix.
+WAYLAND = {
+    "covers its monitors above the panel": [
+        step.start(), step.expect_windows(HOME, OTHER, home=HOME), step.expect_above_panel(),
+        step.end_through(OTHER),
+    ],
+    "keys held with the pointer on either monitor": [
+        step.watch_keys(), step.start(learn=False),
+        step.focus_by_click(OTHER), step.type_keys(*DESKTOP_SHORTCUTS),
+        step.focus_by_click(HOME), step.press_past_puffino(*DESKTOP_SHORTCUTS),  # ended by Alt+F4
+    ],
+    # A pop, the penguin held, the sound button twice; the other output's
+    # press is the finish button's below.
+    "five presses answered": [
+        step.start(), step.pop_bubble(anywhere=True), step.blow_for_a_second(), step.flip_sound_button(),
+        step.end_through(HOME),
+    ],
+    "the finish button ends play": [  # on the other output, as home there
+        step.start(launch_monitor=OTHER, learn=False), step.click("finish of the other monitor"),
+        step.expect_exit(0),
+    ],
+}
+
 
 def played(name, table, session):
     """A test case class with one session (session(class name)) for all of
