@@ -89,6 +89,15 @@ add_test(NAME e2e.native_two_monitors COMMAND ${Python3_EXECUTABLE} -m unittest 
          test_native_scenarios.NativeTwoMonitors WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
 set_tests_properties(e2e.native_two_monitors PROPERTIES FIXTURES_REQUIRED native_gallery LABELS e2e
                      ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+# The desktop scenarios under real window managers on the same Xorg
+# (tests/harness/desktops.py), one test per desktop: three cheap ones that
+# each showed a fault of their own; ./puffino desktops plays every desktop.
+foreach(desktop Xfwm4Xfce4Panel Openbox I3)
+  add_test(NAME e2e.desktop.${desktop} COMMAND ${Python3_EXECUTABLE} -m unittest -v test_desktops.${desktop}
+           WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
+  set_tests_properties(e2e.desktop.${desktop} PROPERTIES FIXTURES_REQUIRED native_gallery LABELS e2e
+                       ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+endforeach()
 # The shipped files themselves: imports, build time, reproducible zip.
 puffino_e2e_test(release test_release)
 # The Linux edition's Debian package: lintian, its menu entry, its files

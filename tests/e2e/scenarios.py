@@ -259,3 +259,39 @@ LEFT_OF_PRIMARY_AT_144_DPI = {
         step.end_through(LEFT),
     ],
 }
+
+# Played under each real desktop (tests/harness/desktops.py): its window
+# manager and a panel along the top of the home monitor (its own, or a dock
+# window with a strut). A scenario a column of the desktop matrix.
+DESKTOP = {
+    "covers its monitors above the panel": [
+        step.start(learn=False), step.expect_windows(HOME, OTHER, home=HOME), step.expect_above_panel(),
+        step.end_through(HOME),
+    ],
+    "the finish button ends play": [step.start(learn=False), step.click("finish"), step.expect_exit(0)],
+    "on top within a frame of another window": [
+        step.start(learn=False), step.pop_up_window(), step.expect_on_top(within=0.2, stays=2),
+        step.end_through(HOME),
+    ],
+    "keys held with the pointer on either monitor": [
+        step.watch_desktop_keys(), step.start(learn=False), step.pop_up_window(),
+        step.point_at(OTHER), step.expect_keyboard_held(), step.point_at(HOME), step.expect_keyboard_held(),
+        step.point_at(OTHER), step.keys_past_puffino(*DESKTOP_SHORTCUTS),  # ended by Alt+F4
+    ],
+    "five presses answered": [
+        step.start(), step.presses_answered("other", "other", "penguin", "other", "sound button"),
+        step.end_through(HOME),
+    ],
+    "Alt+F4 after another window took the focus": [
+        step.start(learn=False), step.pop_up_window(), step.press_keys("alt+F4"), step.expect_exit(0),
+        step.expect_other_window_left_open(),
+    ],
+    "a press right after a rebuild": [
+        step.start(learn=False), step.move_display(1, (1920, 56)), step.press_at_once("sound button"),
+        step.end_through(HOME),
+    ],
+    "a split monitor makes one rebuild": [
+        step.start(learn=False), step.split_monitor(), step.expect_one_rebuild_then_quiet(),
+        step.end_through(HOME),
+    ],
+}

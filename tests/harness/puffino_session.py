@@ -59,12 +59,15 @@ class PuffinoSession:
             self.release()
             self.watched = {}
             if self.process and self.process.poll() is None:
-                self.close_window(self.windows()[0])
-                self.exit_code()
+                self.end_after_scenario()
             while self.undo:
                 self.undo.pop()()
             self.profile().parents[3].mkdir(exist_ok=True)
             shutil.rmtree(self.profile().parents[2], ignore_errors=True)
+
+    def end_after_scenario(self):  # as the parent's tool ends play
+        self.close_window(self.windows()[0])
+        self.exit_code()
 
     def wait_for(self, condition, what, timeout=30.0):  # the timeout only bounds a failure
         deadline = time.monotonic() + timeout
