@@ -62,10 +62,22 @@ class Desktop:
     menu_point: tuple = (15, 15)
     dock: bool = True  # no panel of its own: ours
     relayout: bool = False  # it resets the outputs: the harness lays them out again
-    ready_extra: object = None  # a further condition on the session, named
+    ready_extra: object = None  # what else makes it ready, done to the session
 
 
 DESKTOPS = {}
+
+
+def leave_overview(session):
+    """GNOME Shell starts in its Activities overview, as at a login: left
+    as a person leaves it, before Puffino starts."""
+    shell = ["gdbus", "call", "--session", "--dest", "org.gnome.Shell", "--object-path", "/org/gnome/Shell",
+             "--method", "org.freedesktop.DBus.Properties."]
+    run = lambda *args: subprocess.run([*shell[:-1], shell[-1] + args[0], "org.gnome.Shell", *args[1:]],  # noqa: E731
+                                       env=session.desktop_env, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                       text=True).stdout
+    session.wait_for(lambda: "false" in run("Set", "OverviewActive", "<false>") + run("Get", "OverviewActive"),
+                     "GNOME Shell's overview closed", 30)
 
 
 def register(desktop):
@@ -80,7 +92,8 @@ for _desktop in (
         Desktop("i3", [["i3", "-c", "{root}/i3.config"]], ("i3-wm",)),
         Desktop("mutter", [["mutter", "--replace", "--x11", "--sm-disable"]], ("mutter",), relayout=True),
         Desktop("gnome-shell", [["unshare", "--mount", "--propagation", "private", "sh", "-c", GNOME_SHELL]],
-                ("gnome-shell",), panel=(0, 0, 1920, 32), menu_point=(2, 2), dock=False, relayout=True),
+                ("gnome-shell",), panel=(0, 0, 1920, 32), menu_point=(0, 0), dock=False, relayout=True,
+                ready_extra=leave_overview),
         Desktop("kwin_x11", [["kwin_x11", "--replace"]], ("kwin-x11",)),
         Desktop("marco", [["marco", "--replace"]], ("marco", "mate-settings-daemon-common")),
         Desktop("metacity", [["metacity", "--replace"]], ("metacity",)),
@@ -139,6 +152,7 @@ class DesktopPuffino(NativePuffino):
                             "XDG_RUNTIME_DIR": str(home / "run"), "PUFFINO_DESKTOP_SESSION": self.marker,
                             "NO_AT_BRIDGE": "1", "GTK_A11Y": "none"}
         (self.root / "i3.config").write_text(I3_CONFIG)
+        self.desktop_log = open(self.root / "desktop.log", "ab")
         self.lay_out_xfce_panel(home / "config")
         bus = self.spawn(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)
         address = bus.stdout.readline().decode().strip()
@@ -156,11 +170,15 @@ class DesktopPuffino(NativePuffino):
         # Ready when the window manager has taken the panel's strut (i3
         # keeps no work area: there the dock's frame is enough).
         self.wait_for(self.panel_in_place, f"{spec.name}'s panel in place", 60)
+        self.wait_for(lambda: (self.grabber.grab(spec.panel)[1].max(axis=2) > 0).mean() > 0.9,
+                      f"{spec.name}'s panel drawn", 30)
+        if spec.ready_extra:
+            spec.ready_extra(self)
         self.remember_panel()
 
     def spawn(self, command, **kwargs):
         process = subprocess.Popen(command, env=self.desktop_env, start_new_session=True, stdin=subprocess.DEVNULL,
-                                   stderr=open(self.root / "desktop.log", "ab"),
+                                   stderr=self.desktop_log,
                                    **{"stdout": subprocess.DEVNULL, **kwargs})
         self.processes.insert(1, process)  # before Xorg, which ends last
         return process
@@ -184,7 +202,7 @@ class DesktopPuffino(NativePuffino):
 
     def outputs_reset(self):
         out = subprocess.run(["xrandr", "--listmonitors"], env=self.x_env, stdout=subprocess.PIPE, text=True).stdout
-        return "1920/" in out.split("DUMMY1")[0].splitlines()[-1] if "DUMMY1" in out else False
+        return "+DUMMY1 1920/" in out  # the second output at the first one's 1920x1080
 
     def work_area(self):  # _NET_WORKAREA's first rectangle, or None
         atom = self.x11.XInternAtom(self.x_connection, b"_NET_WORKAREA", 0)
@@ -250,6 +268,11 @@ class DesktopPuffino(NativePuffino):
         for display in getattr(self, "undo_x", []):
             self.x11.XCloseDisplay(display)
         self.undo_x = []
+        if getattr(self, "desktop_log", None):
+            self.desktop_log.close()
+        for process in self.processes:
+            if process.stdout:
+                process.stdout.close()
         super().__exit__(*exc)
 
     def end_marked_processes(self):
@@ -333,6 +356,16 @@ class DesktopPuffino(NativePuffino):
                           "pid": self.property_cardinal(client, self.pid_atom),
                           "plain": attributes.border_width == 0})
         return found
+
+    def end_through(self, window):
+        """As PuffinoSession.end_through, the window on that monitor wherever
+        the window manager put it (where it stands is another scenario's)."""
+        overlap = lambda w: max(0, min(w["rect"][2], window[2]) - max(w["rect"][0], window[0])) * max(  # noqa: E731
+            0, min(w["rect"][3], window[3]) - max(w["rect"][1], window[1]))
+        found = max(self.windows(), key=overlap, default=None)
+        check(found, "no Puffino window to close")
+        self.close_window(found)
+        self.expect_exit(0)
 
     def end_after_scenario(self):
         """Asked to close if it still shows a window, else (or when it does not
