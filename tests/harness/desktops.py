@@ -65,6 +65,9 @@ class Desktop:
     ready_extra: object = None  # what else makes it ready, done to the session
 
 
+# name -> entry. Another kind of desktop (a Wayland compositor) joins with
+# register(entry): an entry with a name and its packages, and session (label
+# -> a session to play the scenarios in) and scenarios (a table of them).
 DESKTOPS = {}
 
 
@@ -357,6 +360,15 @@ class DesktopPuffino(NativePuffino):
                           "plain": attributes.border_width == 0})
         return found
 
+    def painted(self, number):
+        """As PuffinoSession.painted; a window that a window manager put
+        partly off the screen, where its corner cannot be read, is none."""
+        found = self.windows()
+        left = min((w["rect"][0] for w in found), default=0)
+        inside = all(0 <= w["rect"][0] - left + 10 < self.width and 0 <= w["rect"][1] + 5 < self.height
+                     for w in found)
+        return super().painted(number) if inside else None
+
     def end_through(self, window):
         """As PuffinoSession.end_through, the window on that monitor wherever
         the window manager put it (where it stands is another scenario's)."""
@@ -393,6 +405,7 @@ class DesktopPuffino(NativePuffino):
         same_pixels = (now == self.panel_before).all(axis=2).mean()
         check(same_pixels < 0.05, f"{same_pixels:.0%} of the panel still shows")
         before, tops = self.grab(), {top for top, _, _ in self.top_levels()}
+        self.keep(before[:400], "top of the screen")
         self.xdotool("mousemove", *self.desktop_spec.menu_point, "click", 1)
         deadline = time.monotonic() + 1.0  # a menu or the overview comes within a frame or two
         while time.monotonic() < deadline:
