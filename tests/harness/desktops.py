@@ -265,6 +265,10 @@ class DesktopPuffino(NativePuffino):
         self.undo_x.append(display)
         return {"display": display, "window": window, "rect": rect}
 
+    def close_client(self, display):  # its windows go with it
+        self.undo_x.remove(display)
+        self.x11.XCloseDisplay(display)
+
     def __exit__(self, *exc):
         if self.marker:
             self.end_marked_processes()
@@ -365,9 +369,26 @@ class DesktopPuffino(NativePuffino):
         partly off the screen, where its corner cannot be read, is none."""
         found = self.windows()
         left = min((w["rect"][0] for w in found), default=0)
-        inside = all(0 <= w["rect"][0] - left + 10 < self.width and 0 <= w["rect"][1] + 5 < self.height
+        inside = all(0 <= w["rect"][0] - left + 10 < self.width and 0 <= w["rect"][0] + 10 < self.width and 0 <= w["rect"][1] + 5 < self.height
                      for w in found)
-        return super().painted(number) if inside else None
+        # A compositor shows a window a moment after it is drawn: till then
+        # the desktop shows there, which is no black either.
+        return super().painted(number) if inside and all(self.shown(w["rect"]) for w in found) else None
+
+    def shown(self, rect):  # five points of it differ from the desktop before Puffino
+        left, top, right, bottom = rect
+        points = [(x, y) for x in (left + 10, (left + right) // 2, right - 10) for y in (top + 5, bottom - 5)
+                  if 0 <= x < self.width and 0 <= y < self.height]
+        if not points or sum(self.grabber.pixel(x, y) != tuple(self.desktop_frame[y, x]) for x, y in points) < 5:
+            return False
+        # and no longer fading in, as compositors show a new window
+        first = [self.grabber.pixel(x, y) for x, y in points]
+        time.sleep(0.1)
+        return first == [self.grabber.pixel(x, y) for x, y in points]
+
+    def start_program(self, *args, **kwargs):
+        self.desktop_frame = self.grabber.grab()[1]
+        return super().start_program(*args, **kwargs)
 
     def end_through(self, window):
         """As PuffinoSession.end_through, the window on that monitor wherever
@@ -420,6 +441,7 @@ class DesktopPuffino(NativePuffino):
         """Another program's window on the home monitor, mapped and activated
         as a program that pops up asks for it (_NET_ACTIVE_WINDOW)."""
         self.popup = popup = self.map_window("popup", (200, 150, 1400, 850), POPUP_COLOUR)
+        self.undo.append(lambda: self.close_client(popup["display"]))
         x11 = self.x11
         display = popup["display"]
         event = XEvent(type=CLIENT_MESSAGE, window=popup["window"])
@@ -481,7 +503,8 @@ class DesktopPuffino(NativePuffino):
         """Each press once, each answered: "other" a lone bubble on the other
         monitor popped, "penguin" a 1.5 s hold that chirps (or pops a bubble
         rising through it), "sound button" its symbol flipped."""
-        lost = [press for press in presses if not getattr(self, "answered_" + press.replace(" ", "_"))()]
+        lost = [f"{number}: {press}" for number, press in enumerate(presses, 1)
+                if not getattr(self, "answered_" + press.replace(" ", "_"))()]
         check(not lost, f"{len(presses) - len(lost)}/{len(presses)} presses answered; lost: {lost}")
 
     def answered_other(self):
