@@ -373,8 +373,8 @@ class DesktopPuffino(NativePuffino):
         partly off the screen, where its corner cannot be read, is none."""
         found = self.windows()
         left = min((w["rect"][0] for w in found), default=0)
-        inside = all(0 <= w["rect"][0] - left + 10 < self.width and 0 <= w["rect"][0] + 10 < self.width and 0 <= w["rect"][1] + 5 < self.height
-                     for w in found)
+        inside = all(0 <= x < self.width and 0 <= w["rect"][1] + 5 < self.height
+                     for w in found for x in (w["rect"][0] - left + 10, w["rect"][0] + 10))
         # A compositor shows a window a moment after it is drawn: till then
         # the desktop shows there, which is no black either.
         return super().painted(number) if inside and all(self.shown(w["rect"]) for w in found) else None
