@@ -379,16 +379,17 @@ class DesktopPuffino(NativePuffino):
         # the desktop shows there, which is no black either.
         return super().painted(number) if inside and all(self.shown(w["rect"]) for w in found) else None
 
-    def shown(self, rect):  # its points on the screen (three at least) differ from the desktop before Puffino
+    def shown(self, rect):  # its points on the screen (three at least) differ from the desktop before Puffino, settled
         left, top, right, bottom = rect
         points = [(x, y) for x in (left + 10, (left + right) // 2, right - 10) for y in (top + 5, bottom - 5)
                   if 0 <= x < self.width and 0 <= y < self.height]
-        if len(points) < 3 or any(self.grabber.pixel(x, y) == tuple(self.desktop_frame[y, x]) for x, y in points):
+        # One point may meet a bubble, or the desktop's notification above.
+        first = [self.grabber.pixel(x, y) for x, y in points]
+        if len(points) < 3 or sum(p == tuple(self.desktop_frame[y, x]) for p, (x, y) in zip(first, points)) > 1:
             return False
         # and no longer fading in, as compositors show a new window
-        first = [self.grabber.pixel(x, y) for x, y in points]
         time.sleep(0.1)
-        return first == [self.grabber.pixel(x, y) for x, y in points]
+        return sum(p != self.grabber.pixel(x, y) for p, (x, y) in zip(first, points)) <= 1
 
     def start_program(self, *args, **kwargs):
         self.desktop_frame = self.grabber.grab()[1]
