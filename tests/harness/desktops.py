@@ -182,6 +182,10 @@ class DesktopPuffino(NativePuffino):
         if spec.ready_extra:
             spec.ready_extra(self)
         self.remember_panel()
+        # The desktop as it shows once settled (a compositor draws its
+        # background a moment late), for telling Puffino's windows from it.
+        self.desktop_frame = self.wait_for(lambda: (lambda a, b: [b] if (a == b).all() else None)(
+            self.grabber.grab()[1], (time.sleep(0.3), self.grabber.grab()[1])[1]), "the desktop settled", 30)[0]
 
     def spawn(self, command, **kwargs):
         process = subprocess.Popen(command, env=self.desktop_env, start_new_session=True, stdin=subprocess.DEVNULL,
@@ -391,9 +395,7 @@ class DesktopPuffino(NativePuffino):
         time.sleep(0.1)
         return sum(p != self.grabber.pixel(x, y) for p, (x, y) in zip(first, points)) <= 1
 
-    def start_program(self, *args, **kwargs):
-        self.desktop_frame = self.grabber.grab()[1]
-        return super().start_program(*args, **kwargs)
+
 
     def end_through(self, window):
         """As PuffinoSession.end_through, the window on that monitor wherever
