@@ -8,7 +8,6 @@ import os
 import shutil
 import subprocess
 import tempfile
-import time
 from pathlib import Path
 
 from linux_package import unpack_package
@@ -129,13 +128,17 @@ class NativeSession:
             raise
         return self
 
-    def open_world(self):
+    def make_root(self):
+        """The world's private folder, and its monitors from the heads."""
         (BUILD / "native").mkdir(parents=True, exist_ok=True)
         self.artifacts.mkdir(parents=True, exist_ok=True)
         self.root = Path(tempfile.mkdtemp(prefix=self.label + "-", dir=BUILD / "native"))
         self.screens = [(int(x), int(y), int(x) + int(w), int(y) + int(h))
                         for w, h, x, y in (head.replace("x", "+").split("+") for head in self.heads)]
         self.width, self.height = max(r[2] for r in self.screens), max(r[3] for r in self.screens)
+
+    def open_world(self):
+        self.make_root()
         xorg, self.x_display = start_xorg(self.root, self.width, self.height)
         self.processes.append(xorg)  # the last to end
         self.x_env = {**os.environ, "DISPLAY": self.x_display}
@@ -221,22 +224,27 @@ class NativeSession:
             self.x11.XFree(data)
         return value
 
+    def stacking(self):
+        """The root window's children, top of the stack first."""
+        x11 = self.x11
+        root, parent, children, count = ctypes.c_ulong(), ctypes.c_ulong(), ctypes.c_void_p(), ctypes.c_uint()
+        x11.XQueryTree(self.x_connection, self.x_root, ctypes.byref(root), ctypes.byref(parent),
+                       ctypes.byref(children), ctypes.byref(count))
+        stack = list((ctypes.c_ulong * count.value).from_address(children.value)) if count.value else []
+        if children.value:
+            x11.XFree(children)
+        return stack[::-1]  # XQueryTree lists the bottom first
+
     def windows(self):
         """Puffino's mapped windows, top of the stack first: rect, title,
         whether each is above every other client's window (with no window
         manager, topmost is the top of the stacking order), which has the
         keyboard focus, and the pid that owns it."""
         x11, display = self.x11, self.x_connection
-        root, parent, children, count = ctypes.c_ulong(), ctypes.c_ulong(), ctypes.c_void_p(), ctypes.c_uint()
-        x11.XQueryTree(display, self.x_root, ctypes.byref(root), ctypes.byref(parent), ctypes.byref(children),
-                       ctypes.byref(count))
-        stack = list((ctypes.c_ulong * count.value).from_address(children.value)) if count.value else []
-        if children.value:
-            x11.XFree(children)
         focus, revert = ctypes.c_ulong(), ctypes.c_int()
         x11.XGetInputFocus(display, ctypes.byref(focus), ctypes.byref(revert))
         found, others_above = [], False
-        for window in reversed(stack):  # XQueryTree lists the bottom first
+        for window in self.stacking():
             attributes, name = XWindow(), ctypes.c_char_p()
             if not x11.XGetWindowAttributes(display, window, ctypes.byref(attributes)) or \
                     attributes.map_state != IS_VIEWABLE:

@@ -23,7 +23,7 @@ from pathlib import Path
 
 import numpy
 
-from native_session import BUILD, TWO_MONITORS, NativePuffino
+from native_session import TWO_MONITORS, NativePuffino
 from puffino_session import check
 
 NOBODY = 65534
@@ -131,12 +131,7 @@ class WaylandPuffino(NativePuffino):
         self.sway_folder, self.rfb = None, None
 
     def open_world(self):
-        (BUILD / "native").mkdir(parents=True, exist_ok=True)
-        self.artifacts.mkdir(parents=True, exist_ok=True)
-        self.root = Path(tempfile.mkdtemp(prefix=self.label + "-", dir=BUILD / "native"))
-        self.screens = [(int(x), int(y), int(x) + int(w), int(y) + int(h))
-                        for w, h, x, y in (head.replace("x", "+").split("+") for head in self.heads)]
-        self.width, self.height = max(r[2] for r in self.screens), max(r[3] for r in self.screens)
+        self.make_root()
         self.start_sway()
         self.home_folder, self.sound_file = self.root / "home", self.root / "sound.raw"
         (self.root / "run").mkdir(mode=0o700)
