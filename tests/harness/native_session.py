@@ -442,11 +442,13 @@ class NativePuffino(NativeSession, PuffinoSession):
             self.xdotool("key", "alt+F4", "key", "alt+F4")
 
     def take_out_of_topmost(self):
-        """Another client's window over Puffino's; the topmost tick (1.5 s)
-        must raise Puffino's again."""
-        window = self.raise_other_window()
-        self.undo.append(lambda: self.destroy_window(window))
-        check(not all(w["topmost"] for w in self.windows()), "Puffino stayed above the new window")
+        """Another client's window over Puffino's, looked at while Puffino is
+        held still (it raises its windows again within a frame, and on the
+        topmost tick)."""
+        with self.held_still():
+            window = self.raise_other_window()
+            self.undo.append(lambda: self.destroy_window(window))
+            check(not all(w["topmost"] for w in self.windows()), "Puffino stayed above the new window")
 
     def pulse_server(self):
         """A private PulseAudio, started once a session, its null sink at 80 %
