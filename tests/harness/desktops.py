@@ -133,7 +133,7 @@ class DesktopPuffino(NativePuffino):
 
     def __init__(self, label, desktop, **kwargs):
         super().__init__(label, **kwargs)
-        self.desktop_spec = DESKTOPS[desktop] if isinstance(desktop, str) else desktop
+        self.desktop_entry = DESKTOPS[desktop] if isinstance(desktop, str) else desktop
         self.marker = None
 
     def open_world(self):
@@ -145,7 +145,7 @@ class DesktopPuffino(NativePuffino):
     # -- the desktop --------------------------------------------------------
 
     def start_desktop(self):
-        spec, home = self.desktop_spec, self.root / "desktop"
+        entry, home = self.desktop_entry, self.root / "desktop"
         for folder in ("config", "cache", "data", "run"):
             (home / folder).mkdir(parents=True, mode=0o700)
         self.desktop_env = {**self.x_env, "HOME": str(home), "XDG_CONFIG_HOME": str(home / "config"),
@@ -159,22 +159,22 @@ class DesktopPuffino(NativePuffino):
         address = bus.stdout.readline().decode().strip()
         check(address, "no session bus")
         self.desktop_env["DBUS_SESSION_BUS_ADDRESS"] = self.env["DBUS_SESSION_BUS_ADDRESS"] = address
-        for command in spec.commands:
+        for command in entry.commands:
             self.spawn([part.format(root=self.root) for part in command])
-            if command is spec.commands[0]:
-                self.wait_for(self.window_manager, f"{spec.name} managing the screen", 60)
-        if spec.relayout:  # it put both outputs at 1920x1080
-            self.wait_for(lambda: self.outputs_reset(), f"{spec.name} setting the outputs", 10)
+            if command is entry.commands[0]:
+                self.wait_for(self.window_manager, f"{entry.name} managing the screen", 60)
+        if entry.relayout:  # it put both outputs at 1920x1080
+            self.wait_for(lambda: self.outputs_reset(), f"{entry.name} setting the outputs", 10)
             self.lay_out_monitors()
-        if spec.dock:
-            self.dock = self.map_window("dock", spec.panel, DOCK_COLOUR, dock=True)
+        if entry.dock:
+            self.dock = self.map_window("dock", entry.panel, DOCK_COLOUR, dock=True)
         # Ready when the window manager has taken the panel's strut (i3
         # keeps no work area: there the dock's frame is enough).
-        self.wait_for(self.panel_in_place, f"{spec.name}'s panel in place", 60)
-        self.wait_for(lambda: (self.grabber.grab(spec.panel)[1].max(axis=2) > 0).mean() > 0.9,
-                      f"{spec.name}'s panel drawn", 30)
-        if spec.ready_extra:
-            spec.ready_extra(self)
+        self.wait_for(self.panel_in_place, f"{entry.name}'s panel in place", 60)
+        self.wait_for(lambda: (self.grabber.grab(entry.panel)[1].max(axis=2) > 0).mean() > 0.9,
+                      f"{entry.name}'s panel drawn", 30)
+        if entry.ready_extra:
+            entry.ready_extra(self)
         self.remember_panel()
         # The desktop as it shows once settled (a compositor draws its
         # background a moment late), for telling Puffino's windows from it.
@@ -221,16 +221,16 @@ class DesktopPuffino(NativePuffino):
         return values
 
     def panel_in_place(self):
-        if self.desktop_spec.dock and not self.viewable(self.dock["window"]):
+        if self.desktop_entry.dock and not self.viewable(self.dock["window"]):
             # A window manager still starting up may drop the first request.
             self.x11.XMapWindow(self.dock["display"], self.dock["window"])
             self.x11.XSync(self.dock["display"], 0)
             return False
         area = self.work_area()
         if area:
-            return area[1] >= self.desktop_spec.panel[3] - 2
+            return area[1] >= self.desktop_entry.panel[3] - 2
         # i3: no work area; the dock mapped in its frame is the sign.
-        return self.desktop_spec.dock
+        return self.desktop_entry.dock
 
     def viewable(self, window):
         attributes = XWindow()
@@ -410,19 +410,19 @@ class DesktopPuffino(NativePuffino):
     # -- steps of the desktop scenarios ---------------------------------------
 
     def remember_panel(self):  # the panel (or dock) as it shows before Puffino
-        self.panel_before = self.grabber.grab(self.desktop_spec.panel)[1]
+        self.panel_before = self.grabber.grab(self.desktop_entry.panel)[1]
 
     def expect_above_panel(self):
         """None of the panel's pixels show where it stood; a click on its menu
         button (or GNOME's hot corner) changes nothing of Puffino's screen
         and maps no window over it."""
-        panel = self.desktop_spec.panel
+        panel = self.desktop_entry.panel
         now = self.grabber.grab(panel)[1]
         same_pixels = (now == self.panel_before).all(axis=2).mean()
         check(same_pixels < 0.05, f"{same_pixels:.0%} of the panel still shows")
         before, tops = self.grab(), {top for top, _, _ in self.top_levels()}
         self.keep(before[:400], "top of the screen")
-        self.xdotool("mousemove", *self.desktop_spec.menu_point, "click", 1)
+        self.xdotool("mousemove", *self.desktop_entry.menu_point, "click", 1)
         deadline = time.monotonic() + 1.0  # a menu or the overview comes within a frame or two
         while time.monotonic() < deadline:
             new = [rect for top, rect, input_only in self.top_levels() if top not in tops and not input_only]
