@@ -26,9 +26,7 @@ Rect ToRect(const SDL_Rect& r) { return {r.x, r.y, r.x + r.w, r.y + r.h}; }
 // the output it is made on (SDL takes the display under the window's
 // middle), and the compositor keeps it above that output's other windows.
 Uint32 WindowFlags() {
-    const char* driver = SDL_GetCurrentVideoDriver();
-    const bool wayland = driver && std::strcmp(driver, "wayland") == 0;
-    return wayland ? kWindowFlags | SDL_WINDOW_FULLSCREEN_DESKTOP : kWindowFlags;
+    return VideoDriverIs("wayland") ? kWindowFlags | SDL_WINDOW_FULLSCREEN_DESKTOP : kWindowFlags;
 }
 
 std::vector<Rect> DisplayRects() {
@@ -62,6 +60,11 @@ DisplayWindow RecordFor(const Rect& screenRect) {
 }
 
 }  // namespace
+
+bool VideoDriverIs(const char* name) {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    return driver && std::strcmp(driver, name) == 0;
+}
 
 bool ChooseLaunchMonitor(Rect& out) {
     const char* value = std::getenv(kLaunchMonitorVariable);

@@ -10,6 +10,9 @@
 
 union SDL_Event;
 
+// Whether SDL's video part runs on the named driver ("x11", "wayland").
+bool VideoDriverIs(const char* name);
+
 // The single-instance lock (instance_lock_linux.cpp): false when another
 // run of this session holds it. Held until the process ends.
 bool AcquireInstanceLock();

@@ -4,8 +4,6 @@
 // no log.
 #include <SDL.h>
 
-#include <cstring>
-
 #include "app/display_windows.h"
 #include "app/linux_shell.h"
 #include "app/shell.h"
@@ -44,8 +42,7 @@ void SetPlatformHints() {
 // surface exists only through the accelerated path, so there the hint
 // stays unset (with it no surface, and no window ever shown).
 void SetVideoDriverHints() {
-    const char* driver = SDL_GetCurrentVideoDriver();
-    if (driver && std::strcmp(driver, "x11") == 0) SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    if (VideoDriverIs("x11")) SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
 }
 
 // After the loop: whatever EndPlay has not already released.

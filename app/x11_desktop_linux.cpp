@@ -39,11 +39,6 @@ bool g_restackPending = false;
 // The displays' layout at the last rebuild, as the X server reported it.
 std::vector<Rect> g_layoutAtRebuild;
 
-bool IsX11Video() {
-    const char* driver = SDL_GetCurrentVideoDriver();
-    return driver && SDL_strcmp(driver, "x11") == 0;
-}
-
 // The X11 window behind an SDL window; false for one of another driver.
 bool XWindowOf(SDL_Window* window, Display*& display, Window& xwindow) {
     if (!window) return false;
@@ -139,7 +134,7 @@ std::vector<Rect> CurrentLayout() {
 
 bool OpenX11Desktop() {
     if (g_connection) return true;
-    if (!IsX11Video()) return false;
+    if (!VideoDriverIs("x11")) return false;
     // The same server SDL talks to: DISPLAY, as SDL read it.
     g_connection = XOpenDisplay(nullptr);
     if (!g_connection) return false;
