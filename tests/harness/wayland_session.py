@@ -13,6 +13,7 @@ bindings that write a line to a file when they fire."""
 import ctypes
 import json
 import os
+import re
 import shutil
 import socket
 import struct
@@ -151,9 +152,12 @@ class WaylandPuffino(NativePuffino):
 
     def painted(self, number):
         """The windows, once that many show something else than the desktop
-        near their corner."""
+        near their corner and sway has told each surface the output it shows
+        on: before that, sway's pointer does not find it yet and a press there
+        goes to the desktop."""
         found = self.windows()
-        return found if len(found) == number and all(
+        shown_on_outputs = len(set(re.findall(rb"wl_surface@(\d+)\.enter\(wl_output", self.protocol_log.read_bytes())))
+        return found if len(found) == number and shown_on_outputs >= number and all(
             self.grabber.pixel(w["rect"][0] + 10, w["rect"][1] + 5) !=
             tuple(self.desktop_before[w["rect"][1] + 5, w["rect"][0] + 10]) for w in found) else None
 
