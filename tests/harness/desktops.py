@@ -507,7 +507,7 @@ class DesktopPuffino(NativePuffino):
         while time.monotonic() < deadline:
             pops = len(self.heard("pop"))
             with self.held_still():
-                found = self.sight.blobs(self.grab(), OTHER_MONITOR, 3)
+                found = self.sight.blobs(self.still_frame(), OTHER_MONITOR, 3)
                 bubble = next((b for b in sorted(found, key=lambda b: b.width) if b.one_bubble() and (
                     1960 < b.left and b.right < 3160 and 150 < b.top and b.bottom < 830)
                     and all(o is b or b.apart_from(o, 60) for o in found)), None)

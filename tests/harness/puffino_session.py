@@ -98,6 +98,17 @@ class PuffinoSession:
     def keep(self, frame, name):
         save_png(frame, self.artifacts / re.sub(r"[^\w.]+", "-", f"{self.name}-{name}.png"))
 
+    def still_frame(self):
+        """The screen once it has caught up with a Puffino held still: a
+        compositing window manager shows its frames some frames late, more
+        so on a busy machine, and a click aimed at a bubble seen there
+        misses it."""
+        frame = self.grab()
+        deadline = time.monotonic() + 5
+        while time.monotonic() < deadline and not (frame == (again := self.grab())).all():
+            frame = again
+        return frame
+
     def xdotool(self, *args):
         subprocess.run(["xdotool", *map(str, args)], check=True, timeout=30, env=self.x_env)
 
@@ -241,7 +252,7 @@ class PuffinoSession:
         while time.monotonic() < deadline:
             pops = len(self.heard("pop"))
             with self.held_still():
-                frame = self.grab()
+                frame = self.still_frame()
                 found = [b for m in (self.screens if anywhere else [OTHER]) for b in self.sight.blobs(frame, m, 3)]
                 bubble = next((b for b in sorted(found, key=lambda b: b.width) if b.one_bubble() and (
                     anywhere or (1960 < b.left and b.right < 3160 and 150 < b.top and b.bottom < 830))
