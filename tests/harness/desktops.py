@@ -134,7 +134,7 @@ class DesktopPuffino(NativePuffino):
     def __init__(self, label, desktop, **kwargs):
         super().__init__(label, **kwargs)
         self.desktop_entry = DESKTOPS[desktop] if isinstance(desktop, str) else desktop
-        self.marker = None
+        self.marker, self.aimed = None, (-1, -1)  # aimed: the last click at a bubble
 
     def open_world(self):
         super().open_world()
@@ -503,6 +503,8 @@ class DesktopPuffino(NativePuffino):
         check(not lost, f"{len(presses) - len(lost)}/{len(presses)} presses answered; lost: {lost}")
 
     def answered_other(self):
+        """The burst of the bubble popped before can still show, round enough
+        to pass for a bubble: what covers that point is not aimed at."""
         deadline = time.monotonic() + 30
         while time.monotonic() < deadline:
             pops = len(self.heard("pop"))
@@ -510,9 +512,10 @@ class DesktopPuffino(NativePuffino):
                 found = self.sight.blobs(self.still_frame(), OTHER_MONITOR, 3)
                 bubble = next((b for b in sorted(found, key=lambda b: b.width) if b.one_bubble() and (
                     1960 < b.left and b.right < 3160 and 150 < b.top and b.bottom < 830)
-                    and all(o is b or b.apart_from(o, 60) for o in found)), None)
+                    and all(o is b or b.apart_from(o, 60) for o in found) and not b.covers(*self.aimed)), None)
                 if bubble:
-                    self.xdotool("mousemove", *[round(c) for c in bubble.centre], "click", 1)
+                    self.aimed = [round(c) for c in bubble.centre]
+                    self.xdotool("mousemove", *self.aimed, "click", 1)
             if bubble:
                 return self.answered_within(lambda: len(self.heard("pop")) > pops, 3)
             time.sleep(0.3)

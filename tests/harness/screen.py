@@ -155,6 +155,9 @@ class Blob(namedtuple("Blob", "left top right bottom pixels")):  # a patch that 
         return (BUBBLE_SPAN[0] <= self.width <= BUBBLE_SPAN[1] and abs(self.width - self.height) <= 4
                 and 0.65 <= self.pixels / (self.width * self.height) <= 0.85)
 
+    def covers(self, x, y):
+        return self.left <= x < self.right and self.top <= y < self.bottom
+
     def apart_from(self, other, gap):
         return (other.left > self.right + gap or other.right < self.left - gap
                 or other.top > self.bottom + gap or other.bottom < self.top - gap)
