@@ -1,6 +1,8 @@
 // Painting in the Linux edition: the rectangles invalidated since the last
-// paint are gathered per window, as Windows gathers an update region, then
-// composed into the frame buffer and copied to the window's surface.
+// paint are gathered per window as a small merged region, as Windows gathers
+// an update region; each is composed and exactly those are shown. Where the
+// window's surface is laid out as the frame buffer, the frame is composed
+// straight into its pixels and reaches the X server without another copy.
 #include <SDL.h>
 #include <cairo.h>
 
@@ -8,54 +10,90 @@
 
 #include "app/display_windows.h"
 #include "app/linux_shell.h"
-#include "render/frame_buffers.h"
+#include "play/dirty_region.h"
+#include "render/compose_frame_linux.h"
 
 namespace {
 
-// Per window, the box around everything invalidated since its last paint
-// (a paint covers that box, like the Windows paint rectangle).
-std::map<WindowHandle, Rect> g_dirt;
+// Per window, everything invalidated since its last paint, merged where
+// rectangles touch (in client coordinates).
+std::map<WindowHandle, DirtyRegion> g_dirt;
 
-// Copies a client rectangle of the frame buffer to the screen.
-void Present(DisplayWindow& window, const Rect& box) {
-    SDL_Surface* screen = SDL_GetWindowSurface(window.hwnd);
-    if (!screen) return;  // no surface now: the next expose repaints
+// Per window, the surface pixels last composed into: a surface SDL made
+// anew holds nothing of the frame yet.
+std::map<WindowHandle, const void*> g_composedInto;
+
+// The window's surface takes the frame's own layout (xRGB, 32 bits, the
+// window's size), so cairo may draw into it.
+bool TakesFrameLayout(const SDL_Surface& screen, const DisplayWindow& window) {
+    return screen.format->format == SDL_PIXELFORMAT_RGB888 && !SDL_MUSTLOCK(&screen) && screen.w == window.width &&
+           screen.h == window.height;
+}
+
+// The frame buffer, rectangle by rectangle, blitted to a surface of
+// another layout (SDL converts).
+void BlitFromFrame(const DisplayWindow& window, SDL_Surface* screen, const SDL_Rect* rects, int count) {
     cairo_surface_t* frame = window.frameSurface;
-    // The frame is 32-bit xRGB, SDL's RGB888; the blit converts for any
-    // other screen format.
     SDL_Surface* source = SDL_CreateRGBSurfaceWithFormatFrom(
-        cairo_image_surface_get_data(frame), window.width, window.height, 32,
-        cairo_image_surface_get_stride(frame), SDL_PIXELFORMAT_RGB888);
+        cairo_image_surface_get_data(frame), window.width, window.height, 32, cairo_image_surface_get_stride(frame),
+        SDL_PIXELFORMAT_RGB888);
     if (!source) return;
     SDL_SetSurfaceBlendMode(source, SDL_BLENDMODE_NONE);
-    SDL_Rect rect{box.left, box.top, Width(box), Height(box)};
-    SDL_Rect target = rect;
-    SDL_BlitSurface(source, &rect, screen, &target);
+    for (int i = 0; i < count; ++i) {
+        SDL_Rect sourceRect = rects[i], target = rects[i];
+        SDL_BlitSurface(source, &sourceRect, screen, &target);
+    }
     SDL_FreeSurface(source);
-    SDL_UpdateWindowSurfaceRects(window.hwnd, &rect, 1);
+}
+
+void PaintWindow(const DisplayWindow& window, DirtyRegion& region) {
+    SDL_Surface* screen = SDL_GetWindowSurface(window.hwnd);
+    if (!screen) return;  // no surface now: the next expose repaints
+    const Rect client{0, 0, window.width, window.height};
+    const bool inPlace = TakesFrameLayout(*screen, window);
+    if (inPlace && g_composedInto[window.hwnd] != screen->pixels) {
+        region.rects[0] = client;
+        region.count = 1;
+        g_composedInto[window.hwnd] = screen->pixels;
+    }
+    int count = 0;
+    for (int32_t i = 0; i < region.count; ++i) {
+        const Rect part = Intersection(region.rects[i], client);
+        if (!IsEmpty(part)) region.rects[count++] = part;
+    }
+    if (count == 0) return;
+    cairo_surface_t* target =
+        inPlace ? cairo_image_surface_create_for_data(static_cast<unsigned char*>(screen->pixels), CAIRO_FORMAT_RGB24,
+                                                      screen->w, screen->h, screen->pitch)
+                : cairo_surface_reference(window.frameSurface);
+    ComposeRects(target, window, region.rects.data(), count);
+    cairo_surface_destroy(target);
+    SDL_Rect shown[kMaxDirtyRects];
+    for (int i = 0; i < count; ++i) {
+        const Rect& r = region.rects[i];
+        shown[i] = {r.left, r.top, Width(r), Height(r)};
+    }
+    if (!inPlace) BlitFromFrame(window, screen, shown, count);
+    SDL_UpdateWindowSurfaceRects(window.hwnd, shown, count);
 }
 
 }  // namespace
 
 void AddWindowDirt(WindowHandle window, const Rect& client) {
-    if (!window || IsEmpty(client)) return;
-    const auto found = g_dirt.find(window);
-    g_dirt[window] = found == g_dirt.end() ? client : Union(found->second, client);
+    if (window) AddDirtyRect(g_dirt[window], client);
 }
 
-void ForgetWindowDirt(WindowHandle window) { g_dirt.erase(window); }
+void ForgetWindowDirt(WindowHandle window) {
+    g_dirt.erase(window);
+    g_composedInto.erase(window);
+}
 
 void PaintWindows() {
-    // Taken first: composing may not add to it, but a window without a
-    // record (mid-rebuild) is validated all the same.
-    std::map<WindowHandle, Rect> dirt;
-    dirt.swap(g_dirt);
-    for (const auto& [handle, box] : dirt) {
-        DisplayWindow* window = FindDisplayWindow(handle);
-        if (!window || !window->frameSurface) continue;
-        const Rect clipped = Intersection(box, {0, 0, window->width, window->height});
-        if (IsEmpty(clipped)) continue;
-        ComposeFrame(*window, clipped);
-        Present(*window, clipped);
+    // Each region is emptied once painted and kept for the next tick; a
+    // window without a record (mid-rebuild) is validated all the same.
+    for (auto& [handle, region] : g_dirt) {
+        const DisplayWindow* window = FindDisplayWindow(handle);
+        if (window && window->frameSurface) PaintWindow(*window, region);
+        region.count = 0;
     }
 }
