@@ -50,7 +50,7 @@ def wineserver_pid(prefix):
     wanted = f"WINEPREFIX={prefix}".encode()
     for entry in Path("/proc").iterdir():
         try:
-            if entry.name.isdigit() and (entry / "comm").read_text().strip() == "wineserver" and \
+            if entry.name.isdigit() and (entry / "comm").read_text().startswith("wineserver") and \
                     wanted in (entry / "environ").read_bytes().split(b"\0"):
                 return int(entry.name)
         except OSError:
