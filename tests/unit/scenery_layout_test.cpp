@@ -40,46 +40,6 @@ void ExpectNumbers(const std::vector<float>& got, const std::vector<float>& want
     for (size_t i = 0; i < want.size(); ++i) EXPECT_NEAR(got[i], want[i], 2e-3f) << "number " << i;
 }
 
-struct Expected {
-    Kind kind;
-    std::vector<float> numbers;
-};
-
-TEST(Scenery, EachThemePlacesItsElementsInPaintingOrder) {
-    const std::vector<float> sky{0, 0, 1920, 1080};
-    const struct {
-        uint32_t theme;
-        size_t flowers;
-        std::vector<Expected> first;  // everything before the flowers
-    } cases[] = {
-        {0, 0, {{kSky, sky}, {kSun, {1536, 216, 100.8f}}, {kCloud, {460.8f, 194.4f, 374.4f, 158.4f}},
-                {kCloud, {1056, 324, 288, 120.96f}}, {kSky, {0, 626, 1920, 1080}}, {kWaves, {5.76f, 70}}}},
-        {1, 0, {{kSky, sky}, {kSun, {345.6f, 194.4f, 92.16f}}, {kCloud, {1190.4f, 172.8f, 345.6f, 144}},
-                {kMountain, {614.4f, 777.6f, 1056, 669.6f}}, {kMountain, {1267.2f, 777.6f, 1190.4f, 799.2f}},
-                {kSky, {0, 777, 1920, 1080}}, {kTree, {268.8f, 1015.2f, 1.296f}}, {kTree, {1651.2f, 1036.8f, 1.44f}}}},
-        {2, 9, {{kSky, sky}, {kSun, {1574.4f, 183.6f, 89.28f}}, {kCloud, {422.4f, 172.8f, 345.6f, 144}},
-                {kCloud, {998.4f, 259.2f, 273.6f, 115.2f}}, {kSky, {0, 712, 1920, 1080}},
-                {kTree, {384, 928.8f, 1.656f}}, {kTree, {1497.6f, 972, 1.8f}}}},
-        {3, 8, {{kSky, sky}, {kSun, {307.2f, 172.8f, 106.56f}}, {kCloud, {844.8f, 151.2f, 432, 172.8f}},
-                {kCloud, {1420.8f, 280.8f, 316.8f, 132.48f}}, {kCloud, {384, 388.8f, 259.2f, 109.44f}},
-                {kSky, {0, 864, 1920, 1080}}}},
-        {4, 30, {{kSky, sky}, {kSun, {1536, 194.4f, 95.04f}}, {kCloud, {499.2f, 172.8f, 345.6f, 144}},
-                 {kSky, {0, 561, 1920, 1080}}}},
-        {7, 30, {{kSky, sky}, {kSun, {1536, 194.4f, 95.04f}}}},  // an unknown theme is the flower field
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << "theme " << c.theme);
-        const std::vector<SceneryElement> plan = SceneryPlan({0, 0, 1920, 1080}, c.theme);
-        ASSERT_EQ(plan.size(), (c.theme == 7 ? 4 : c.first.size()) + c.flowers);
-        for (size_t i = 0; i < c.first.size(); ++i) {
-            SCOPED_TRACE(testing::Message() << "element " << i);
-            ASSERT_EQ(plan[i].index(), size_t{c.first[i].kind});
-            ExpectNumbers(Numbers(plan[i]), c.first[i].numbers);
-        }
-        for (size_t i = plan.size() - c.flowers; i < plan.size(); ++i) ASSERT_EQ(plan[i].index(), size_t{kFlower});
-    }
-}
-
 TEST(Scenery, WavesAndFlowersFollowTheirRows) {
     // Seaside: seven rows from 0.06 H below the sea's top, 0.11 H apart;
     // crests 70 k x 26 k from x = 96, every 120 k, while short of 1824.
