@@ -18,7 +18,7 @@ from demo import play_demo
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests" / "harness"))
 from screen import CONVERT  # noqa: E402
-from wine_session import BUILD, REPO  # noqa: E402
+from world import BUILD, REPO  # noqa: E402
 
 # (name, demo shot, crop in X screen coordinates or None, size on the page)
 PICTURES = [

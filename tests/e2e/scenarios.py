@@ -276,7 +276,7 @@ DESKTOP = {
     "keys held with the pointer on either monitor": [
         step.watch_desktop_keys(), step.start(learn=False), step.pop_up_window(),
         step.point_at(OTHER), step.expect_keyboard_held(), step.point_at(HOME), step.expect_keyboard_held(),
-        step.point_at(OTHER), step.keys_past_puffino(*DESKTOP_SHORTCUTS),  # ended by Alt+F4
+        step.point_at(OTHER), step.press_past_puffino(*DESKTOP_SHORTCUTS, marker="F12", pointer_stays=True),
     ],
     "five presses answered": [
         step.start(), step.presses_answered("other", "other", "penguin", "other", "sound button"),

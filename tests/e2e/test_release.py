@@ -12,7 +12,8 @@ import zipfile
 from pathlib import Path
 
 from scenarios import SHIPPED
-from wine_session import DIST, REPO, VERSION
+from wine_session import DIST, VERSION
+from world import REPO
 
 sys.path.insert(0, str(REPO / "release"))
 from make_release import write_zip  # noqa: E402

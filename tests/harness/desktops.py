@@ -19,8 +19,8 @@ import time
 from dataclasses import dataclass
 from pathlib import Path
 
-from native_session import IS_VIEWABLE, XEvent, XWindow, NativePuffino, xlib
-from puffino_session import check, same
+from native_session import IS_VIEWABLE, XEvent, XWindow, NativePuffino
+from puffino_session import check
 from screen import ON_PENGUIN, OTHER as OTHER_MONITOR, SOUND_SYMBOL
 
 DOCK_HEIGHT = 30
@@ -109,25 +109,6 @@ for _desktop in (
 IN_TEST_COMMAND = ("xfwm4+xfce4-panel", "i3", "no window manager")
 
 
-def desktop_xlib():
-    """libX11 (its own handle: other signatures than the harness's) with the
-    calls that build a dock and a pop-up."""
-    x11 = xlib()
-    display, window, pointer = ctypes.c_void_p, ctypes.c_ulong, ctypes.c_void_p
-    for name, result, arguments in (
-            ("XChangeProperty", ctypes.c_int, [display, window, ctypes.c_ulong, ctypes.c_ulong, ctypes.c_int,
-                                               ctypes.c_int, pointer, ctypes.c_int]),
-            ("XMapWindow", ctypes.c_int, [display, window]),
-            ("XStoreName", ctypes.c_int, [display, window, ctypes.c_char_p]),
-            ("XSetWMProtocols", ctypes.c_int, [display, window, pointer, ctypes.c_int]),
-            ("XTranslateCoordinates", ctypes.c_int, [display, window, window, ctypes.c_int, ctypes.c_int,
-                                                     pointer, pointer, pointer]),
-            ("XQueryPointer", ctypes.c_int, [display, window] + [pointer] * 7),
-            ("XSelectInput", ctypes.c_int, [display, window, ctypes.c_long])):
-        getattr(x11, name).restype, getattr(x11, name).argtypes = result, arguments
-    return x11
-
-
 class DesktopPuffino(NativePuffino):
     """build/puffino on the two-monitor Xorg under a real desktop."""
 
@@ -138,7 +119,6 @@ class DesktopPuffino(NativePuffino):
 
     def open_world(self):
         super().open_world()
-        self.x11 = desktop_xlib()  # the world's quiet error handler stays
         self.marker = str(self.root)
         self.start_desktop()
 
@@ -197,8 +177,8 @@ class DesktopPuffino(NativePuffino):
             folder.mkdir(parents=True)
             shutil.copy(default, folder / "xfce4-panel.xml")
 
-    def root_property(self, name):
-        return self.property_cardinal(self.x_root, self.x11.XInternAtom(self.x_connection, name, 0))
+    def root_property(self, name, number=1):
+        return self.property_cardinal(self.x_root, self.x11.XInternAtom(self.x_connection, name, 0), number)
 
     def window_manager(self):  # the EWMH check window, alive
         check_window = self.root_property(b"_NET_SUPPORTING_WM_CHECK")
@@ -209,24 +189,13 @@ class DesktopPuffino(NativePuffino):
         out = subprocess.run(["xrandr", "--listmonitors"], env=self.x_env, stdout=subprocess.PIPE, text=True).stdout
         return "+DUMMY1 1920/" in out  # the second output at the first one's 1920x1080
 
-    def work_area(self):  # _NET_WORKAREA's first rectangle, or None
-        atom = self.x11.XInternAtom(self.x_connection, b"_NET_WORKAREA", 0)
-        kind, size, count, after, data = ctypes.c_ulong(), ctypes.c_int(), ctypes.c_ulong(), ctypes.c_ulong(), \
-            ctypes.c_void_p()
-        self.x11.XGetWindowProperty(self.x_connection, self.x_root, atom, 0, 4, 0, 0, ctypes.byref(kind),
-                                    ctypes.byref(size), ctypes.byref(count), ctypes.byref(after), ctypes.byref(data))
-        values = list((ctypes.c_ulong * 4).from_address(data.value)) if data.value and count.value >= 4 else None
-        if data.value:
-            self.x11.XFree(data)
-        return values
-
     def panel_in_place(self):
         if self.desktop_entry.dock and not self.viewable(self.dock["window"]):
             # A window manager still starting up may drop the first request.
             self.x11.XMapWindow(self.dock["display"], self.dock["window"])
             self.x11.XSync(self.dock["display"], 0)
             return False
-        area = self.work_area()
+        area = self.root_property(b"_NET_WORKAREA", 4)  # its first rectangle
         if area:
             return area[1] >= self.desktop_entry.panel[3] - 2
         # i3: no work area; the dock mapped in its frame is the sign.
@@ -480,19 +449,6 @@ class DesktopPuffino(NativePuffino):
         self.desktop_keys[code] = "F12"
         self.x11.XGrabKey(self.desktop, code, 0, self.x11.XDefaultRootWindow(self.desktop), 0, 1, 1)
         self.x11.XSync(self.desktop, 0)
-
-    def keys_past_puffino(self, *keys):
-        """The keys pressed where the pointer is, play ended with Alt+F4 and
-        then F12 pressed: the desktop saw nothing before F12."""
-        before = len(self.keys_seen())
-        for key in keys:
-            self.xdotool("key", key)
-        self.expect_playing()
-        self.xdotool("key", "alt+F4")
-        self.expect_exit(0)
-        self.xdotool("key", "F12")
-        self.wait_for(lambda: ("down", "F12") in self.keys_seen()[before:], "the marker at the desktop", 10)
-        same(self.keys_seen()[before], ("down", "F12"), "the first key at the desktop")
 
     def presses_answered(self, *presses):
         """Each press once, each answered: "other" a lone bubble on the other

@@ -5,21 +5,17 @@ writing what Puffino plays to a file; NativePuffino plays build/puffino in it.""
 
 import ctypes
 import os
-import shutil
 import subprocess
-import tempfile
 from pathlib import Path
 
 from linux_package import unpack_package
 from puffino_session import PuffinoSession, check, same
-from screen import Grabber, read_png
+from screen import Grabber
+from world import BUILD, TWO_MONITORS, World, start_x_server
 
-REPO = Path(__file__).resolve().parents[2]
-BUILD = Path(os.environ.get("PUFFINO_BUILD_DIR", REPO / "build"))
 PUFFINO = BUILD / "puffino"
 GALLERY = BUILD / "harness" / "scenery_gallery"
 PAINTED = BUILD / "native" / "gallery"  # the test run's landscapes, painted by a CTest fixture
-TWO_MONITORS = ("1920x1080+0+0", "1280x1024+1920+0")  # X screen places, the primary first
 XORG_CONFIG = """Section "Device"
   Identifier "dummy"
   Driver "dummy"
@@ -94,51 +90,34 @@ def xlib():
             ("XCreateSimpleWindow", window, [display, window, ctypes.c_int, ctypes.c_int, ctypes.c_uint,
                                              ctypes.c_uint, ctypes.c_uint, ctypes.c_ulong, ctypes.c_ulong]),
             ("XMapRaised", ctypes.c_int, [display, window]), ("XDestroyWindow", ctypes.c_int, [display, window]),
-            ("XSetErrorHandler", ctypes.c_void_p, [ctypes.c_void_p])):
+            ("XSetErrorHandler", ctypes.c_void_p, [ctypes.c_void_p]),
+            # a desktop's dock and pop-up windows
+            ("XChangeProperty", ctypes.c_int, [display, window, ctypes.c_ulong, ctypes.c_ulong, ctypes.c_int,
+                                               ctypes.c_int, pointer, ctypes.c_int]),
+            ("XMapWindow", ctypes.c_int, [display, window]),
+            ("XStoreName", ctypes.c_int, [display, window, ctypes.c_char_p]),
+            ("XSetWMProtocols", ctypes.c_int, [display, window, pointer, ctypes.c_int]),
+            ("XTranslateCoordinates", ctypes.c_int, [display, window, window, ctypes.c_int, ctypes.c_int,
+                                                     pointer, pointer, pointer]),
+            ("XSelectInput", ctypes.c_int, [display, window, ctypes.c_long])):
         getattr(x11, name).restype, getattr(x11, name).argtypes = result, arguments
     return x11
 
 
-def start_xorg(folder, width, height):  # (process, display) on a display number Xorg picks
+def start_xorg(folder, width, height):  # (process, display)
     config = folder / "xorg.conf"
     config.write_text(XORG_CONFIG.format(width=width, height=height))
-    read_end, write_end = os.pipe()
-    process = subprocess.Popen(["Xorg", "-displayfd", str(write_end), "-config", str(config), "-noreset",
-                                "-nolisten", "tcp", "-logfile", str(folder / "xorg.log"), "vt1", "-novtswitch",
-                                "-sharevts"], pass_fds=[write_end], stdout=subprocess.DEVNULL,
-                               stderr=subprocess.DEVNULL)
-    os.close(write_end)
-    with os.fdopen(read_end) as pipe:
-        return process, ":" + pipe.readline().strip()
+    return start_x_server("Xorg", "-config", str(config), "-noreset", "-nolisten", "tcp", "-logfile",
+                          str(folder / "xorg.log"), "vt1", "-novtswitch", "-sharevts")
 
 
-class NativeSession:
+class NativeSession(World):
     """The world; Puffino starts in it with launch()."""
 
-    def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None):
-        self.label, self.heads, self.dpi = label, tuple(heads), dpi
-        self.artifacts = Path(artifacts) if artifacts else BUILD / "test-artifacts" / label
-        self.processes, self.root, self.grabber, self.x11 = [], None, None, None
-
-    def __enter__(self):
-        try:
-            self.open_world()
-        except BaseException:
-            self.__exit__()
-            raise
-        return self
-
-    def make_root(self):
-        """The world's private folder, and its monitors from the heads."""
-        (BUILD / "native").mkdir(parents=True, exist_ok=True)
-        self.artifacts.mkdir(parents=True, exist_ok=True)
-        self.root = Path(tempfile.mkdtemp(prefix=self.label + "-", dir=BUILD / "native"))
-        self.screens = [(int(x), int(y), int(x) + int(w), int(y) + int(h))
-                        for w, h, x, y in (head.replace("x", "+").split("+") for head in self.heads)]
-        self.width, self.height = max(r[2] for r in self.screens), max(r[3] for r in self.screens)
+    x11 = None
 
     def open_world(self):
-        self.make_root()
+        self.make_root(BUILD / "native")
         xorg, self.x_display = start_xorg(self.root, self.width, self.height)
         self.processes.append(xorg)  # the last to end
         self.x_env = {**os.environ, "DISPLAY": self.x_display}
@@ -181,48 +160,26 @@ class NativeSession:
         # single display until a client asks it to look at its outputs.
         subprocess.run(["xrandr", "--query"], env=self.x_env, check=True, stdout=subprocess.DEVNULL)
 
-    def __exit__(self, *exc):
-        if self.grabber:
-            self.grabber.close()
+    def close_world(self):
         if self.x11:
             self.x11.XCloseDisplay(self.x_connection)
-        for process in reversed(self.processes):
-            process.kill()
-            process.wait()
-        if self.root:
-            shutil.rmtree(self.root, ignore_errors=True)
 
     def profile(self):
         return self.home_folder / ".config" / "morvenda" / "Tonkari" / "Puffino"
 
     def launch(self, program=PUFFINO, env=None):
-        process = subprocess.Popen([str(program)], env={**self.env, **(env or {})}, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.DEVNULL)
-        self.processes.append(process)
-        return process
+        return self.begin([program], env)
 
-    def xdotool(self, *args):
-        subprocess.run(["xdotool", *map(str, args)], check=True, timeout=30, env=self.x_env)
-
-    def wait_exit(self, process, timeout=30):
-        try:
-            return process.wait(timeout=timeout)
-        except subprocess.TimeoutExpired:
-            raise AssertionError("Puffino did not end") from None
-
-    def screenshot(self, name):
-        self.grabber.save(path := self.artifacts / f"{name}.png")
-        return path
-
-    def property_cardinal(self, window, atom):
+    def property_cardinal(self, window, atom, number=1):  # its first number (that many: a list), or None
         kind, size, count, after, data = ctypes.c_ulong(), ctypes.c_int(), ctypes.c_ulong(), ctypes.c_ulong(), \
             ctypes.c_void_p()
-        self.x11.XGetWindowProperty(self.x_connection, window, atom, 0, 1, 0, 0, ctypes.byref(kind),
+        self.x11.XGetWindowProperty(self.x_connection, window, atom, 0, number, 0, 0, ctypes.byref(kind),
                                     ctypes.byref(size), ctypes.byref(count), ctypes.byref(after), ctypes.byref(data))
-        value = ctypes.c_ulong.from_address(data.value).value if data.value and count.value else None
+        values = list((ctypes.c_ulong * number).from_address(data.value)) if data.value and \
+            count.value >= number else None
         if data.value:
             self.x11.XFree(data)
-        return value
+        return values if number > 1 or values is None else values[0]
 
     def stacking(self):
         """The root window's children, top of the stack first."""
@@ -288,8 +245,7 @@ class NativePuffino(NativeSession, PuffinoSession):
     def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None):
         NativeSession.__init__(self, label, heads, dpi, artifacts)
         PuffinoSession.__init__(self)
-        self.scale, self.galleries, self.sound_files, self.parsed = (dpi or 96) / 96, {}, [], {}
-        self.programs = {}
+        self.sound_files, self.parsed = [], {}
 
     disk = property(lambda self: self.home_folder)  # Puffino's part of the disk
     ink_tolerance = 8  # cairo's anti-aliased text comes out a little lighter
@@ -340,20 +296,11 @@ class NativePuffino(NativeSession, PuffinoSession):
         self.x11.XSendEvent(self.x_connection, window["id"], 0, 0, ctypes.byref(event))
         self.x11.XSync(self.x_connection, 0)
 
-    def exit_code(self, process=None):
-        return self.wait_exit(process or self.process)
-
-    def paintings(self, width, height):
-        """theme -> landscape at that size, from the gallery of the test run
-        (else painted for this session), read once a session."""
-        if not self.galleries:
-            gallery = PAINTED if PAINTED.is_dir() else self.root / "gallery"
-            if gallery != PAINTED:
-                subprocess.run([str(GALLERY), str(gallery)], check=True, timeout=60)
-            for path in gallery.glob("*.png"):  # theme-WxH.png
-                theme, size = path.stem.rsplit("-", 1)
-                self.galleries.setdefault(size, {})[theme] = read_png(path, *map(int, size.split("x")))
-        return self.galleries[f"{width}x{height}"]
+    def painted_gallery(self):  # the test run's, else painted for this session
+        if PAINTED.is_dir():
+            return PAINTED
+        subprocess.run([str(GALLERY), str(self.root / "gallery")], check=True, timeout=60)
+        return self.root / "gallery"
 
     def sounds(self):
         """Every start's sounds in order: the stretches between 10 ms of
@@ -423,18 +370,20 @@ class NativePuffino(NativeSession, PuffinoSession):
         self.x11.XSync(self.x_connection, 0)
         same(result == ALREADY_GRABBED, held, "the keyboard held by Puffino")
 
-    def press_past_puffino(self, *keys):
-        """The keys pressed while Puffino plays, then play ended with Alt+F4
-        and a marker (Ctrl+Esc) pressed: the desktop, which sees the marker,
-        saw nothing before it (the server hands events on in order)."""
-        before = len(self.keys_seen())
-        self.press_keys(*keys)
+    def press_past_puffino(self, *keys, marker="ctrl+Escape", pointer_stays=False):
+        """The keys pressed while Puffino plays (the pointer moved onto the
+        home monitor, or where it stays), then play ended with Alt+F4 and a
+        marker pressed: the desktop, which sees the marker, saw nothing
+        before it (the server hands events on in order)."""
+        before, marked, press = len(self.keys_seen()), ("down", marker.split("+")[-1]), \
+            self.type_keys if pointer_stays else self.press_keys
+        press(*keys)
         self.expect_playing()
-        self.press_keys("alt+F4")
+        press("alt+F4")
         self.expect_exit(0)
-        self.xdotool("key", "ctrl+Escape")
-        self.wait_for(lambda: ("down", "Escape") in self.keys_seen()[before:], "the marker at the desktop", 10)
-        same(self.keys_seen()[before], ("down", "Escape"), "the first key at the desktop")
+        self.xdotool("key", marker)
+        self.wait_for(lambda: marked in self.keys_seen()[before:], "the marker at the desktop", 10)
+        same(self.keys_seen()[before], marked, "the first key at the desktop")
 
     def finish_and_alt_f4_at_once(self):  # both waiting for the same turn of the event loop
         with self.held_still():

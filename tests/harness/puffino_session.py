@@ -12,7 +12,7 @@ import subprocess
 import time
 from pathlib import Path
 
-from screen import LABELS, LOOKS, ON_PENGUIN, OTHER, SOUND_SYMBOL, Sight, count, save_png, scaled
+from screen import LABELS, LOOKS, ON_PENGUIN, OTHER, SOUND_SYMBOL, Sight, count, read_png, save_png, scaled
 
 # What is no bubble on the home monitor, by its box at 96 DPI and the corner
 # it keeps its distance to: the labels, the penguin with its hint, the buttons.
@@ -42,9 +42,10 @@ class PuffinoSession:
     written_by_the_system = ()
     ink_tolerance = 0  # how far a label's text pixels may stray from its colour
 
-    def __init__(self):
+    def __init__(self):  # after the world's: its DPI is known
         self.process = self.sight = None
         self.remembered, self.undo, self.watched, self.first_seen = {}, [], {}, {}
+        self.scale, self.galleries, self.programs = (self.dpi or 96) / 96, {}, {}
 
     def run_scenario(self, name, steps):  # a failure names its row
         self.name = name
@@ -109,8 +110,15 @@ class PuffinoSession:
             frame = again
         return frame
 
-    def xdotool(self, *args):
-        subprocess.run(["xdotool", *map(str, args)], check=True, timeout=30, env=self.x_env)
+    def exit_code(self, process=None):
+        return self.wait_exit(process or self.process)
+
+    def paintings(self, width, height):  # theme -> landscape at that size, from the gallery, read once a session
+        if not self.galleries:
+            for path in self.painted_gallery().glob("*.png"):  # theme-WxH.png
+                theme, size = path.stem.rsplit("-", 1)
+                self.galleries.setdefault(size, {})[theme] = read_png(path, *map(int, size.split("x")))
+        return self.galleries[f"{width}x{height}"]
 
     def home(self):
         return next(w for w in self.windows() if w["foreground"])
@@ -317,6 +325,10 @@ class PuffinoSession:
 
     def click(self, place):
         self.xdotool("mousemove", *PLACES.get(place, place), "click", 1)
+
+    def type_keys(self, *keys):  # where the focus is, the pointer left where it is
+        for key in keys:
+            self.xdotool("key", key)
 
     def press_keys(self, *keys):
         self.xdotool("mousemove", 400, 300)  # X focus follows the pointer onto Puffino

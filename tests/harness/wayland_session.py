@@ -24,8 +24,9 @@ from pathlib import Path
 
 import numpy
 
-from native_session import TWO_MONITORS, NativePuffino
+from native_session import NativePuffino
 from puffino_session import check
+from world import BUILD, TWO_MONITORS
 
 NOBODY = 65534
 OUTPUTS = ("HEADLESS-1", "HEADLESS-2")  # the headless backend's names, in the order of TWO_MONITORS
@@ -132,7 +133,7 @@ class WaylandPuffino(NativePuffino):
         self.sway_folder, self.rfb = None, None
 
     def open_world(self):
-        self.make_root()
+        self.make_root(BUILD / "native")
         self.start_sway()
         self.home_folder, self.sound_file = self.root / "home", self.root / "sound.raw"
         (self.root / "run").mkdir(mode=0o700)
@@ -280,10 +281,7 @@ class WaylandPuffino(NativePuffino):
         what it asks of the compositor can be waited for."""
         self.protocol_log = self.root / f"wayland-{len(self.sound_files)}.log"
         with open(self.protocol_log, "wb") as log:
-            process = subprocess.Popen([str(program)], env={**self.env, **(env or {}), "WAYLAND_DEBUG": "client"},
-                                       stdout=subprocess.DEVNULL, stderr=log)
-        self.processes.append(process)
-        return process
+            return self.begin([program], {**(env or {}), "WAYLAND_DEBUG": "client"}, stderr=log)
 
     def inhibitions_asked(self):  # how often Puffino has asked to inhibit the shortcuts
         return self.protocol_log.read_bytes().count(b".inhibit_shortcuts(")
@@ -297,10 +295,6 @@ class WaylandPuffino(NativePuffino):
         self.wait_for(lambda: [w["rect"] for w in self.windows() if w["foreground"]] == [list(monitor)],
                       f"the window on {monitor} focused", 5)
         self.wait_for(lambda: self.inhibitions_asked() > asked, "the shortcuts' inhibition asked for", 5)
-
-    def type_keys(self, *keys):  # where the focus is, the pointer left where it is
-        for key in keys:
-            self.xdotool("key", key)
 
     def expect_above_panel(self):
         """None of the bar's pixels show where it stood."""

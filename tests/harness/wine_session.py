@@ -11,17 +11,15 @@ import zipfile
 from pathlib import Path
 
 from puffino_session import PuffinoSession, check, same
-from screen import Grabber, read_png
+from screen import Grabber
+from world import BUILD, TWO_MONITORS, World, start_x_server
 
-REPO = Path(__file__).resolve().parents[2]
-BUILD = Path(os.environ.get("PUFFINO_BUILD_DIR", REPO / "build"))
 WINDOWS_BUILD = BUILD / "windows"
 PUFFINO_EXE = WINDOWS_BUILD / "Puffino.exe"
 TOOLS = WINDOWS_BUILD / "tests"
 TEMPLATE = BUILD / "wine" / "template"
 DIST = BUILD / "dist"
 VERSION = os.environ.get("PUFFINO_VERSION", "")
-TWO_MONITORS = ("1920x1080+0+0", "1280x1024+1920+0")  # X screen places, the primary first
 # Windows draws Puffino's button symbols with Segoe UI Symbol; a Wine prefix
 # has no such face, and DejaVu Sans carries the same symbols.
 SYMBOL_FACE = {"Segoe UI Symbol": "DejaVu Sans"}
@@ -49,14 +47,9 @@ def windows_path(path):  # drive Z: is the root
     return "Z:" + str(Path(path).resolve()).replace("/", "\\")
 
 
-def start_xvfb(width, height):  # on a display number it picks: (process, display)
-    read_end, write_end = os.pipe()
-    process = subprocess.Popen(["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{width}x{height}x24",
-                                "-nolisten", "tcp", "-extension", "RANDR", "-noreset"], pass_fds=[write_end],
-                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    os.close(write_end)
-    with os.fdopen(read_end) as pipe:
-        return process, ":" + pipe.readline().strip()
+def start_xvfb(width, height):  # (process, display)
+    return start_x_server("Xvfb", "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp", "-extension", "RANDR",
+                          "-noreset")
 
 
 def prepare_template():  # the prefix that every session of a test run copies
@@ -76,30 +69,20 @@ def reg_string(text):  # the registry files spell every non-ASCII character \\xN
     return "".join(c if 32 <= ord(c) < 127 and c not in '"\\' else f"\\x{ord(c):04x}" for c in text)
 
 
-class WineSession:
-    """A Wine world as a context manager; all gone on exit but the artifacts."""
+class WineSession(World):
+    """A Wine world."""
+
+    env = None
 
     def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None, sound_capture=False,
                  font_replacements=None, fonts=()):
-        self.label, self.heads, self.dpi, self.sound_capture = label, tuple(heads), dpi, sound_capture
-        self.font_replacements, self.fonts = dict(font_replacements or {}), fonts
-        self.artifacts = Path(artifacts) if artifacts else BUILD / "test-artifacts" / label
-        self.processes, self.env, self.root, self.grabber = [], None, None, None
-
-    def __enter__(self):
-        try:
-            self.open_world()
-        except BaseException:
-            self.__exit__()
-            raise
-        return self
+        super().__init__(label, heads, dpi, artifacts)
+        self.sound_capture, self.font_replacements, self.fonts = sound_capture, dict(font_replacements or {}), fonts
 
     def open_world(self):
         if not (TEMPLATE / "system.reg").exists():
             prepare_template()
-        (BUILD / "wine" / "sessions").mkdir(parents=True, exist_ok=True)
-        self.artifacts.mkdir(parents=True, exist_ok=True)
-        self.root = Path(tempfile.mkdtemp(prefix=self.label + "-", dir=BUILD / "wine" / "sessions"))
+        self.make_root(BUILD / "wine" / "sessions")
         self.prefix = self.root / "prefix"
         subprocess.run(["cp", "-a", "--reflink=auto", str(TEMPLATE), str(self.prefix)], check=True)
         # Wine asks Xinerama (our stand-in) only while XRandR is off; an
@@ -115,9 +98,6 @@ class WineSession:
                 reg.write(f"\n[{key}] 1700000000\n" + "".join(line + "\n" for line in lines) if lines else "")
         for font in self.fonts:  # Wine loads every font file in the Windows font folder
             shutil.copy(font, self.prefix / "drive_c" / "windows" / "Fonts")
-        self.screens = [(int(x), int(y), int(x) + int(w), int(y) + int(h))
-                        for w, h, x, y in (head.replace("x", "+").split("+") for head in self.heads)]
-        self.width, self.height = max(r[2] for r in self.screens), max(r[3] for r in self.screens)
         xvfb, self.x_display = start_xvfb(self.width, self.height)
         self.processes.append(xvfb)  # the last to end
         self.x_env = {**os.environ, "DISPLAY": self.x_display}
@@ -134,17 +114,10 @@ class WineSession:
         self.grabber = Grabber(self.x_display, self.width, self.height)
         subprocess.run(["wineserver", "-p"], env=self.env, check=True)  # later starts are quick
 
-    def __exit__(self, *exc):
-        if self.grabber:
-            self.grabber.close()
+    def close_world(self):
         if self.env:
             subprocess.run(["wineserver", "-k"], env=self.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
             subprocess.run(["wineserver", "-w"], env=self.env, timeout=60)
-        for process in reversed(self.processes):
-            process.kill()
-            process.wait()
-        if self.root:
-            shutil.rmtree(self.root, ignore_errors=True)
 
     def user_folder(self):  # Wine names it after the Unix user
         return next(p for p in (self.prefix / "drive_c" / "users").iterdir() if p.name != "Public")
@@ -153,10 +126,7 @@ class WineSession:
         return self.user_folder() / "AppData" / "Roaming" / "morvenda" / "Tonkari" / "Puffino"
 
     def launch(self, exe=PUFFINO_EXE, *args, env=None, out=subprocess.DEVNULL):
-        process = subprocess.Popen(["wine", str(exe), *map(str, args)], env={**self.env, **(env or {})}, stdout=out,
-                                   stderr=subprocess.DEVNULL)
-        self.processes.append(process)
-        return process
+        return self.begin(["wine", exe, *args], env, stdout=out)
 
     def run(self, exe, *args, env=None, timeout=120):
         """(exit code, stdout, stderr) of a Windows program, through files:
@@ -181,15 +151,6 @@ class WineSession:
     def post(self, window, message, wparam=0, lparam=0):
         return self.probe("post", window["hwnd"], message, wparam, lparam)
 
-    def wait_exit(self, process, timeout=30):
-        try:
-            return process.wait(timeout=timeout)
-        except subprocess.TimeoutExpired:
-            raise AssertionError("Puffino did not end") from None
-
-    def screenshot(self, name):
-        self.grabber.save(path := self.artifacts / f"{name}.png")
-        return path
 
 
 class WinePuffino(WineSession, PuffinoSession):
@@ -198,7 +159,6 @@ class WinePuffino(WineSession, PuffinoSession):
     def __init__(self, label, heads=TWO_MONITORS, dpi=None, artifacts=None):
         WineSession.__init__(self, label, heads, dpi, artifacts, sound_capture=True, font_replacements=SYMBOL_FACE)
         PuffinoSession.__init__(self)
-        self.scale, self.galleries, self.programs = (dpi or 96) / 96, {}, {}
 
     def start_program(self, launch_monitor=None, program=None, sound_device=True):
         """sound_device False: every audio driver off (the device enumerator
@@ -213,23 +173,16 @@ class WinePuffino(WineSession, PuffinoSession):
     def close_window(self, window):
         self.post(window, WM_CLOSE)
 
-    def exit_code(self, process=None):
-        return self.wait_exit(process or self.process)
-
     profile = WineSession.app_data
     # Puffino's disk: the prefix, whose registry Wine rewrites itself.
     disk = property(lambda self: self.prefix)
     written_by_the_system = ("system.reg", "user.reg", "userdef.reg", ".update-timestamp")
 
-    def paintings(self, width, height):  # theme -> landscape at that size, from the gallery, once a session
-        if not self.galleries:
-            (self.root / "gallery").mkdir(exist_ok=True)
-            code, _, err = self.run(TOOLS / "scenery_gallery.exe", windows_path(self.root / "gallery"))
-            check(code == 0, f"the scenery gallery failed: {err}")
-            for path in (self.root / "gallery").glob("*.png"):  # theme-WxH.png
-                theme, size = path.stem.rsplit("-", 1)
-                self.galleries.setdefault(size, {})[theme] = read_png(path, *map(int, size.split("x")))
-        return self.galleries[f"{width}x{height}"]
+    def painted_gallery(self):  # by the Windows edition's painting
+        (self.root / "gallery").mkdir(exist_ok=True)
+        code, _, err = self.run(TOOLS / "scenery_gallery.exe", windows_path(self.root / "gallery"))
+        check(code == 0, f"the scenery gallery failed: {err}")
+        return self.root / "gallery"
 
     def sounds(self):  # in order: the chirp (22050 Hz), or a pop (or the praise's cheer that cuts it off)
         paths = sorted(self.sound_dir.glob("stream_*"), key=lambda p: p.stat().st_mtime_ns)
