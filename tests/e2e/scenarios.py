@@ -99,11 +99,6 @@ TWO_MONITORS = {
               step.expect_file("config.ini", config), step.expect_file("high_score.txt", best)]
        for name, how, config, best in (("no application-data folder", "deleted", DEFAULT_CONFIG, BEST),
                                        ("an unwritable application-data folder", "read-only", None, None))},
-    "a folder where config.ini belongs": [  # read as no file: play with the defaults, the sound on
-        step.given_file("config.ini", "a folder"), step.start(learn=False),
-        step.hold_penguin(until="chirp", let_go=True),
-        step.press_keys("alt+F4"), step.expect_exit(0), step.expect_file("config.ini", "a folder"),
-    ],
 }
 
 WINDOWS_TWO_MONITORS = {
@@ -167,11 +162,6 @@ WINDOWS_TWO_MONITORS = {
 DESKTOP_SHORTCUTS = ("alt+Tab", "super", "ctrl+Escape")
 
 LINUX_TWO_MONITORS = {
-    "a 64-character launch value": [  # one too long names no monitor: play starts on the primary
-        step.start(launch_monitor=" " * 48 + "1920,0,3200,1024", learn=False),
-        step.expect_windows(HOME, OTHER, home=HOME),
-        step.end_through(OTHER),
-    ],
     "the best score as the Windows edition writes it": [  # read, and only a higher one written
         step.given_file("high_score.txt", b"12\r\n"), step.start(), step.pop_bubble(),
         step.expect_file("high_score.txt", b"12\r\n"), step.end_through(HOME),
