@@ -21,7 +21,7 @@ from pathlib import Path
 
 from native_session import IS_VIEWABLE, XEvent, XWindow, NativePuffino
 from puffino_session import check
-from screen import ON_PENGUIN, OTHER as OTHER_MONITOR, SOUND_SYMBOL
+from screen import ON_PENGUIN, SOUND_SYMBOL
 
 DOCK_HEIGHT = 30
 DOCK_COLOUR = (3, 1, 254)  # exactly this blue: no landscape has it
@@ -465,10 +465,7 @@ class DesktopPuffino(NativePuffino):
         while time.monotonic() < deadline:
             pops = len(self.heard("pop"))
             with self.held_still():
-                found = self.sight.blobs(self.still_frame(), OTHER_MONITOR, 3)
-                bubble = next((b for b in sorted(found, key=lambda b: b.width) if b.one_bubble() and (
-                    1960 < b.left and b.right < 3160 and 150 < b.top and b.bottom < 830)
-                    and all(o is b or b.apart_from(o, 60) for o in found) and not b.covers(*self.aimed)), None)
+                bubble = self.lone_bubble(self.still_frame(), away_from=self.aimed)
                 if bubble:
                     self.aimed = [round(c) for c in bubble.centre]
                     self.xdotool("mousemove", *self.aimed, "click", 1)

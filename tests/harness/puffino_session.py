@@ -260,11 +260,7 @@ class PuffinoSession:
         while time.monotonic() < deadline:
             pops = len(self.heard("pop"))
             with self.held_still():
-                frame = self.still_frame()
-                found = [b for m in (self.screens if anywhere else [OTHER]) for b in self.sight.blobs(frame, m, 3)]
-                bubble = next((b for b in sorted(found, key=lambda b: b.width) if b.one_bubble() and (
-                    anywhere or (1960 < b.left and b.right < 3160 and 150 < b.top and b.bottom < 830))
-                    and all(o is b or b.apart_from(o, 8 if anywhere else 60) for o in found)), None)
+                bubble = self.lone_bubble(self.still_frame(), anywhere)
                 if bubble:
                     point = [round(c) for c in bubble.centre]
                     self.xdotool("mousemove", *point, "click", 1)
@@ -277,6 +273,15 @@ class PuffinoSession:
                 continue
             return self.expect_burst(point, bubble) if burst else None
         raise AssertionError("no bubble could be popped in a minute")
+
+    def lone_bubble(self, frame, anywhere=False, away_from=(-1, -1)):
+        """A whole bubble that touches no other (and does not cover that
+        point), or None."""
+        found = [b for m in (self.screens if anywhere else [OTHER]) for b in self.sight.blobs(frame, m, 3)]
+        return next((b for b in sorted(found, key=lambda b: b.width) if b.one_bubble() and (
+            anywhere or (1960 < b.left and b.right < 3160 and 150 < b.top and b.bottom < 830))
+            and all(o is b or b.apart_from(o, 8 if anywhere else 60) for o in found) and not b.covers(*away_from)),
+            None)
 
     def expect_burst(self, point, bubble):
         """Three droplets or more around where the bubble was, no bubble of
