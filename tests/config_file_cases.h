@@ -155,5 +155,8 @@ inline std::vector<SettingsCase> SettingsCases() {
         {"keys in the wrong section", u(u"[UI]\r\nSoundEnabled=0\r\n[Puffino]\r\nLanguage=ja"), 0, true, true, L""},
         {"100-character language", u(u"[UI]\r\nLanguage=" + std::u16string(100, u'x')), 0, true, true,
          std::wstring(63, L'x')},
+        // Four UTF-8 bytes, two UTF-16 halves, one character where a wchar_t holds 32 bits.
+        {"a character beyond 16 bits ends a UTF-8 line", "\xEF\xBB\xBF[UI]\r\nLanguage=ja\xF0\x9F\x98\x80\r\n", 0,
+         true, true, L"ja\U0001F600"},
     };
 }

@@ -46,10 +46,13 @@ TEST(Layout, ButtonsAndPenguinOnTheHomeMonitor) {
     EXPECT_EQ(g_playField.penguinBox, (Rect{2137, 234, 2347, 474}));
     EXPECT_EQ(PraiseAnchor(), (Point{2170, 368})) << "42 % down the home monitor";
     EXPECT_EQ(HintBalloonArea(), (Rect{1920, 204, 2177, 504})) << "kept on the home monitor";
+    EXPECT_EQ(ScorePanelArea(), (Rect{1920, 200, 2420, 390})) << "520 x 190 at the top right, on the home monitor";
+    EXPECT_EQ(InstructionPillArea(), (Rect{1920, 200, 2420, 320})) << "760 x 120 at the top left, likewise";
     g_displayWindows[1].isMain = false;
     g_virtualWidth = 2420;  // the virtual screen is home only without windows
     LayoutPlayField();
     EXPECT_EQ(g_playField.homeRect, (Rect{0, 0, 1920, 1080}));
+    EXPECT_TRUE(ScorePanelArea() == (Rect{1400, 0, 1920, 190}) && InstructionPillArea() == (Rect{0, 0, 760, 120}));
 }
 
 TEST(Layout, ThePraiseAnchorIsTheWholePartOf42PercentDown) {

@@ -41,6 +41,7 @@ TEST_F(PointerInput, HoldingThePenguinBlowsAStreamUntilReleased) {
     Press();
     EXPECT_EQ(g_playField.pressStartTick, g_fake.now);
     EXPECT_EQ(g_fake.capture, g_mainWindow) << "the release must reach us wherever the mouse goes";
+    EXPECT_FALSE(g_fake.invalidated.empty()) << "the hint balloon hides while pressed";
     Tick(9);  // 297 ms
     EXPECT_TRUE(!g_playField.blowing && Blown() == 0);
     Tick();  // 330 ms: a puff of two plain bubbles and the chirp
@@ -58,8 +59,9 @@ TEST_F(PointerInput, HoldingThePenguinBlowsAStreamUntilReleased) {
     }
     Press();  // pressing again while blowing starts afresh
     EXPECT_TRUE(g_playField.blownOnce && !g_playField.blowing && g_fake.capture == g_mainWindow);
+    g_fake.invalidated.clear();
     Release();
-    EXPECT_TRUE(g_playField.pressStartTick == 0 && g_fake.capture == nullptr);
+    EXPECT_TRUE(g_playField.pressStartTick == 0 && g_fake.capture == nullptr && !g_fake.invalidated.empty());
     Press();
     g_fake.capture = FakeWindow(9);  // another window took the capture
     Release();

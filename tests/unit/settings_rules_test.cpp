@@ -3,11 +3,15 @@
 // configured ceiling.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "app/shell.h"
 #include "assets/file_paths.h"
@@ -50,6 +54,28 @@ TEST(Language, TheLinuxLocaleAsTheCLibraryRanksIt) {
         EXPECT_EQ(UiLanguageFromLocale(c.all, c.messages, c.lang), c.expected)
             << (c.all ? c.all : "-") << " " << (c.messages ? c.messages : "-") << " " << (c.lang ? c.lang : "-");
     }
+}
+
+TEST(Language, TheLinuxEditionAppliesTheLocalesLanguage) {
+    const auto japanese = [] {
+        return std::any_of(InstructionText.begin(), InstructionText.end(), [](wchar_t c) { return c > 0x3000; });
+    };
+    const char* const names[] = {"LC_ALL", "LC_MESSAGES", "LANG"};
+    std::vector<std::pair<const char*, std::string>> saved;
+    for (const char* name : names) {
+        if (const char* value = std::getenv(name)) saved.emplace_back(name, value);
+        unsetenv(name);
+    }
+    setenv("LANG", "ja_JP.UTF-8", 1);
+    SetupLanguage(L"");
+    EXPECT_TRUE(japanese());
+    setenv("LANG", "en_GB.UTF-8", 1);
+    SetupLanguage(L"");
+    EXPECT_FALSE(japanese());
+    SetupLanguage(L"ja");
+    EXPECT_TRUE(japanese()) << "the configured language first";
+    for (const char* name : names) unsetenv(name);
+    for (const auto& [name, value] : saved) setenv(name, value.c_str(), 1);
 }
 
 TEST(AppDataFolder, TheLinuxConfigurationFolder) {
