@@ -1,9 +1,12 @@
 // The home monitor's layout, the penguin's picture choice, and the
-// repaint bookkeeping: what is collected and which window gets what (how
-// rectangles merge, any sequence of them, is the dirty region fuzzer's part).
+// repaint bookkeeping: how rectangles merge, what is collected and which
+// window gets what.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <tuple>
+#include <vector>
 
 #include "app/display_windows.h"
 #include "play/dirty_region.h"
@@ -110,8 +113,34 @@ TEST(PosePlacement, FallbacksSizesAndTheMouth) {
 
 std::vector<Rect> Stored(const DirtyRegion& region) {
     std::vector<Rect> rects(region.rects.begin(), region.rects.begin() + region.count);
-    std::sort(rects.begin(), rects.end(), [](const Rect& a, const Rect& b) { return a.left < b.left; });
+    std::sort(rects.begin(), rects.end(),
+              [](const Rect& a, const Rect& b) { return std::tie(a.left, a.top) < std::tie(b.left, b.top); });
     return rects;
+}
+
+TEST(DirtyRegion, MergesWhatTouchesOrOverlapsAndCollapsesWhenFull) {
+    const struct { const char* what; std::vector<Rect> added, held; } cases[] = {
+        {"an empty one", {{0, 0, 10, 10}, {5, 5, 5, 20}, {9, 9, 2, 2}}, {{0, 0, 10, 10}}},
+        {"edges touching", {{0, 0, 10, 10}, {10, 0, 20, 10}}, {{0, 0, 20, 10}}},
+        {"corners touching", {{0, 0, 10, 10}, {10, 10, 20, 20}}, {{0, 0, 20, 20}}},
+        {"a pixel apart", {{0, 0, 10, 10}, {11, 0, 20, 10}, {0, 11, 10, 20}},
+         {{0, 0, 10, 10}, {0, 11, 10, 20}, {11, 0, 20, 10}}},
+        {"one inside another", {{0, 0, 100, 100}, {10, 10, 20, 20}, {30, 30, 40, 40}}, {{0, 0, 100, 100}}},
+        {"one around two", {{10, 10, 20, 20}, {30, 30, 40, 40}, {0, 0, 100, 100}}, {{0, 0, 100, 100}}},
+        {"a bridge", {{0, 0, 10, 10}, {30, 0, 40, 10}, {10, 0, 30, 10}}, {{0, 0, 40, 10}}},
+        // The merge with the second grows left and down onto the first, already passed.
+        {"a grown merge", {{0, 0, 10, 11}, {5, 20, 30, 30}, {20, 11, 25, 20}}, {{0, 0, 30, 30}}},
+        {"the ends of the plane", {{INT32_MIN, 0, INT32_MIN + 1, 1}, {INT32_MAX - 1, 0, INT32_MAX, 1}},
+         {{INT32_MIN, 0, INT32_MIN + 1, 1}, {INT32_MAX - 1, 0, INT32_MAX, 1}}},
+    };
+    for (const auto& c : cases) {
+        DirtyRegion region;
+        for (const Rect& r : c.added) AddDirtyRect(region, r);
+        EXPECT_EQ(Stored(region), c.held) << c.what;
+    }
+    DirtyRegion full;
+    for (int32_t i = 0; i <= kMaxDirtyRects; ++i) AddDirtyRect(full, {3 * i, 0, 3 * i + 1, 1});
+    EXPECT_EQ(Stored(full), (std::vector<Rect>{{0, 0, 3 * 776 + 1, 1}})) << "the 777th speck";
 }
 
 TEST(DirtyRegion, CollectsWhatMovesOrComesAndGoes) {

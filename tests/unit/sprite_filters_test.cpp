@@ -1,6 +1,6 @@
 // The clean-up filters on small hand-made pictures: which blobs count as
-// specks, which outline pixels soften and how far colours bleed (what they
-// leave alone, any picture at all, is the sprite filters fuzzer's part).
+// specks, which outline pixels soften and how far colours bleed, and that
+// none writes past a row's pixels.
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -34,6 +34,13 @@ public:
         : width_(width), height_(height), stride_(width * 4 + 12),
           bytes_(static_cast<size_t>(stride_ * height), 0xAB) {
         AddBlob(0, 0, width, width * height, fill);
+    }
+
+    // Every picture a test filtered: its rows' padding as it was.
+    ~Picture() {
+        for (int32_t y = 0; y < height_; ++y) {
+            for (ptrdiff_t i = width_ * 4; i < stride_; ++i) EXPECT_EQ(bytes_[y * stride_ + i], 0xAB) << "row " << y;
+        }
     }
 
     SpritePixels Pixels() { return {bytes_.data(), width_, height_, stride_}; }
