@@ -1,8 +1,7 @@
 // The tests' eyes and hands inside a Wine session, printing JSON (numbers
 // in decimal): windows (every top-level "PuffinoWindow"), post HWND MSG WP LP,
 // notopmost HWND (the styles right after), resources PID (memory and live GDI
-// objects), dpichanged HWND DPI L T R B (that rectangle suggested),
-// post-on-capture HWND MSG WP LP ("waiting", then posts once the window's
+// objects), post-on-capture HWND MSG WP LP ("waiting", then posts once the window's
 // thread takes the mouse capture, handling a press), watch-keys ("ready",
 // then "down 65", "up 65"... for every key that reaches its low-level hook:
 // started before Puffino, it sits behind the keyboard guard).
@@ -103,25 +102,6 @@ int Resources(wchar_t** argv) {
     return 0;
 }
 
-int DpiChanged(wchar_t** argv) {
-    const HWND hwnd = HandleArg(argv[2]);
-    const UINT dpi = static_cast<UINT>(std::wcstoul(argv[3], nullptr, 10));
-    const RECT suggested{std::wcstol(argv[4], nullptr, 10), std::wcstol(argv[5], nullptr, 10),
-                         std::wcstol(argv[6], nullptr, 10), std::wcstol(argv[7], nullptr, 10)};
-    // The receiver reads the rectangle in its own address space: it goes
-    // there, and its few bytes stay until that process ends.
-    DWORD pid = 0;
-    GetWindowThreadProcessId(hwnd, &pid);
-    HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, pid);
-    void* remote = process ? VirtualAllocEx(process, nullptr, sizeof suggested, MEM_COMMIT | MEM_RESERVE,
-                                            PAGE_READWRITE)
-                           : nullptr;
-    const BOOL ok = remote && WriteProcessMemory(process, remote, &suggested, sizeof suggested, nullptr) &&
-                    PostMessageW(hwnd, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(remote));
-    if (process) CloseHandle(process);
-    return Report(ok);
-}
-
 int PostOnCapture(wchar_t** argv) {
     const HWND hwnd = HandleArg(argv[2]);
     const DWORD thread = GetWindowThreadProcessId(hwnd, nullptr);
@@ -168,7 +148,6 @@ int wmain(int argc, wchar_t** argv) {
     if (command == L"post" && argc == 6) return Report(PostArgs(HandleArg(argv[2]), argv));
     if (command == L"notopmost" && argc == 3) return NotTopmost(argv);
     if (command == L"resources" && argc == 3) return Resources(argv);
-    if (command == L"dpichanged" && argc == 8) return DpiChanged(argv);
     if (command == L"post-on-capture" && argc == 6) return PostOnCapture(argv);
     if (command == L"watch-keys") return WatchKeys();
     std::fprintf(stderr, "usage: see probe_win.cpp\n");

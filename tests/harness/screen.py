@@ -81,11 +81,6 @@ LOOKS = {
         (b - r > 40) & (r + g + b < 420)) | (r + g + b < 150)) > 50,
     "a praise word": lambda f, s: coloured(f, s, PRAISE_AREA, lambda r, g, b: (r > 225) & (g > 80) & (g < 215)
                                            & (b < 110)) > 300,  # its orange, or a gold bubble's
-    # The home window shrunk to 1600x900: its finish button 28 px from the
-    # new corner, the penguin above it, black beyond.
-    "the finish button of a 1600x900 home": lambda f, s: count(f, (1272, 788, 1572, 872), FINISH_FACE, 8) > 20000,
-    "the penguin of a 1600x900 home": lambda f, s: penguin_pose(f, (1280, 520, 1570, 780)) == "standing",
-    "black beyond a 1600x900 home": lambda f, s: count(f, (1600, 0, 1920, 1080), (0, 0, 0)) == 320 * 1080,
 }
 
 

@@ -231,15 +231,8 @@ class WinePuffino(WineSession, PuffinoSession):
         if self.sight:
             self.sight.learn(self.grab(), self.paintings)  # new windows draw new landscapes
 
-    def change_dpi(self, dpi, rect):  # the home window's, Windows suggesting that rectangle
-        home = self.home()
-        self.probe("dpichanged", home["hwnd"], dpi, *rect)
-        self.wait_for(lambda: [w["rect"] for w in self.windows() if w["id"] == home["id"]] == [list(rect)],
-                      "the home window at its new size")
-
-    def copy_program(self, name, parts=("Fonts", "assets"), damaged_poses=False, from_zip=False):
-        """Puffino.exe with those parts beside it, or the release zip unpacked;
-        damaged_poses: undecodable, empty and folder pose pictures."""
+    def copy_program(self, name, parts=("Fonts", "assets"), from_zip=False):
+        """Puffino.exe with those parts beside it, or the release zip unpacked."""
         folder = self.prefix / "drive_c" / "Toys" / name
         if from_zip:
             with zipfile.ZipFile(DIST / f"Puffino-{VERSION}-win64.zip") as archive:
@@ -250,12 +243,6 @@ class WinePuffino(WineSession, PuffinoSession):
             shutil.copy(PUFFINO_EXE, folder)
             for part in parts:
                 shutil.copytree(WINDOWS_BUILD / part, folder / part)
-        if damaged_poses:
-            art = folder / "assets" / "penguin"
-            (art / "idle.png").write_bytes(b"\x89PNG\r\n\x1a\n" + b"cut short")
-            (art / "yatta.png").write_bytes(b"")
-            (art / "bubble.png").unlink()
-            (art / "bubble.png").mkdir()
         self.programs[name] = folder / "Puffino.exe"
 
     def delete_fonts(self, program):
