@@ -34,12 +34,13 @@ function(puffino_wine_test name)
                        ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
 endfunction()
 
-# puffino_e2e_test(NAME unittest-name)
+# puffino_e2e_test(NAME unittest-name TIMEOUT seconds [FIXTURE fixture])
 function(puffino_e2e_test name target)
+  cmake_parse_arguments(ARG "" "FIXTURE;TIMEOUT" "" ${ARGN})
   add_test(NAME e2e.${name} COMMAND ${Python3_EXECUTABLE} -m unittest -v ${target}
            WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
-  set_tests_properties(e2e.${name} PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2e
-                       ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 900)
+  set_tests_properties(e2e.${name} PROPERTIES FIXTURES_REQUIRED "${ARG_FIXTURE}" LABELS e2e
+                       ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT ${ARG_TIMEOUT})
 endfunction()
 
 puffino_wine_test(shell COMMAND ${WINE_TEST_PROGRAMS}/shell_tests.exe)
@@ -77,40 +78,30 @@ puffino_wine_test(pictures.without_fonts
 # one Wine session per monitor layout: its windows, keys through the keyboard
 # guard, files under %APPDATA%, the captured sound, exit codes, the faults it
 # lives through, the installer and the unpacked zip.
-puffino_e2e_test(two_monitors test_wine_scenarios.TwoMonitors)
-puffino_e2e_test(left_of_primary_at_144_dpi test_wine_scenarios.LeftOfPrimaryAt144Dpi)
+puffino_e2e_test(two_monitors test_wine_scenarios.TwoMonitors FIXTURE wine_prefix TIMEOUT 900)
+puffino_e2e_test(left_of_primary_at_144_dpi test_wine_scenarios.LeftOfPrimaryAt144Dpi FIXTURE wine_prefix
+                 TIMEOUT 900)
 # The Linux edition plays the shared tables and its own on a dummy Xorg with
 # two monitors, learning the landscapes from a gallery painted once a run.
 add_test(NAME e2e.native_gallery COMMAND scenery_gallery ${CMAKE_BINARY_DIR}/native/gallery)
 set_tests_properties(e2e.native_gallery PROPERTIES FIXTURES_SETUP native_gallery LABELS e2e)
-add_test(NAME e2e.native_two_monitors COMMAND ${Python3_EXECUTABLE} -m unittest -v
-         test_native_scenarios.NativeTwoMonitors WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
-set_tests_properties(e2e.native_two_monitors PROPERTIES FIXTURES_REQUIRED native_gallery LABELS e2e
-                     ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+puffino_e2e_test(native_two_monitors test_native_scenarios.NativeTwoMonitors FIXTURE native_gallery TIMEOUT 600)
 # The desktop scenarios under real window managers on the same Xorg
 # (tests/harness/desktops.py), one test per desktop: xfwm4 with its panel and
 # i3, cheap ones that each showed faults of their own, and no window manager
 # at all (only Puffino's own raise brings it back over a new window there);
 # ./puffino desktops plays every desktop.
 foreach(desktop Xfwm4Xfce4Panel I3 NoWindowManager)
-  add_test(NAME e2e.desktop.${desktop} COMMAND ${Python3_EXECUTABLE} -m unittest -v test_desktops.${desktop}
-           WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
-  set_tests_properties(e2e.desktop.${desktop} PROPERTIES FIXTURES_REQUIRED native_gallery LABELS e2e
-                       ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+  puffino_e2e_test(desktop.${desktop} test_desktops.${desktop} FIXTURE native_gallery TIMEOUT 600)
 endforeach()
 # The shipped files themselves: imports, build time, reproducible zip.
-puffino_e2e_test(release test_release)
+puffino_e2e_test(release test_release FIXTURE wine_prefix TIMEOUT 900)
 # The Linux edition's Debian package: lintian, its menu entry, its files
 # unpacked (tests/harness/linux_package.py unpacks it for other tests too).
-add_test(NAME e2e.linux_package COMMAND ${Python3_EXECUTABLE} -m unittest -v test_linux_package
-         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
-set_tests_properties(e2e.linux_package PROPERTIES LABELS e2e ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 300)
+puffino_e2e_test(linux_package test_linux_package TIMEOUT 300)
 # The Linux edition with SDL's Wayland driver under a headless sway with the
 # same two monitors as outputs (tests/harness/wayland_session.py).
-add_test(NAME e2e.wayland_sway COMMAND ${Python3_EXECUTABLE} -m unittest -v test_wayland_scenarios.Sway
-         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/e2e)
-set_tests_properties(e2e.wayland_sway PROPERTIES FIXTURES_REQUIRED native_gallery LABELS e2e
-                     ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+puffino_e2e_test(wayland_sway test_wayland_scenarios.Sway FIXTURE native_gallery TIMEOUT 600)
 # Made into the build tree on every test run, so a change that stops the demo
 # from making them fails here; ./puffino screenshots makes the committed ones.
 # Python without its site packages (-S): the demo runs on a python3 without

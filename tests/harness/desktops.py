@@ -19,7 +19,7 @@ import time
 from dataclasses import dataclass
 from pathlib import Path
 
-from native_session import IS_VIEWABLE, XEvent, XWindow, NativePuffino
+from native_session import IS_VIEWABLE, XEvent, XWindow, NativePuffino, outline
 from puffino_session import check
 from screen import ON_PENGUIN, SOUND_SYMBOL
 
@@ -268,35 +268,11 @@ class DesktopPuffino(NativePuffino):
 
     # -- Puffino's windows among the desktop's ------------------------------
 
-    def top_levels(self):
-        """The root's mapped children, top first: (id, rect, input only)."""
-        x11, display = self.x11, self.x_connection
-        found = []
-        for window in self.stacking():
-            attributes = XWindow()
-            if x11.XGetWindowAttributes(display, window, ctypes.byref(attributes)) and \
-                    attributes.map_state == IS_VIEWABLE:
-                found.append((window, [attributes.x, attributes.y, attributes.x + attributes.width,
-                                       attributes.y + attributes.height], attributes.class_ == INPUT_ONLY))
-        return found
-
     def puffino_client(self, window, depth=3):
         """Puffino's window at or below a top-level one (a frame), else None."""
-        x11, display, name = self.x11, self.x_connection, ctypes.c_char_p()
-        if x11.XFetchName(display, window, ctypes.byref(name)) and name.value:
-            title = name.value
-            x11.XFree(name)
-            if title == b"Puffino":
-                return window
-        if not depth:
-            return None
-        root, parent, children, count = ctypes.c_ulong(), ctypes.c_ulong(), ctypes.c_void_p(), ctypes.c_uint()
-        if not x11.XQueryTree(display, window, ctypes.byref(root), ctypes.byref(parent), ctypes.byref(children),
-                              ctypes.byref(count)):
-            return None
-        below = list((ctypes.c_ulong * count.value).from_address(children.value)) if count.value else []
-        if children.value:
-            x11.XFree(children)
+        if self.title(window) == "Puffino":
+            return window
+        below = self.stacking(window) if depth else []
         return next((c for c in (self.puffino_client(w, depth - 1) for w in below) if c), None)
 
     def absolute_rect(self, window):
@@ -312,11 +288,11 @@ class DesktopPuffino(NativePuffino):
         focus, revert = ctypes.c_ulong(), ctypes.c_int()
         self.x11.XGetInputFocus(self.x_connection, ctypes.byref(focus), ctypes.byref(revert))
         found, others = [], []
-        for top, rect, input_only in self.top_levels():
+        for top, attributes in self.top_levels():
             client = self.puffino_client(top)
             if not client:
-                if not input_only:
-                    others.append(rect)
+                if attributes.class_ != INPUT_ONLY:
+                    others.append(outline(attributes))
                 continue
             if not self.viewable(client):
                 continue
@@ -389,12 +365,12 @@ class DesktopPuffino(NativePuffino):
         now = self.grabber.grab(panel)[1]
         same_pixels = (now == self.panel_before).all(axis=2).mean()
         check(same_pixels < 0.05, f"{same_pixels:.0%} of the panel still shows")
-        before, tops = self.grab(), {top for top, _, _ in self.top_levels()}
+        before, tops = self.grab(), {top for top, _ in self.top_levels()}
         self.keep(before[:400], "top of the screen")
         self.xdotool("mousemove", *self.desktop_entry.menu_point, "click", 1)
         deadline = time.monotonic() + 1.0  # a menu or the overview comes within a frame or two
         while time.monotonic() < deadline:
-            new = [rect for top, rect, input_only in self.top_levels() if top not in tops and not input_only]
+            new = [outline(a) for top, a in self.top_levels() if top not in tops and a.class_ != INPUT_ONLY]
             check(not new, f"a window mapped at {new} by the click on the panel's menu")
             check(all(w["topmost"] for w in self.windows()), "Puffino under another window after the click")
             time.sleep(0.05)

@@ -6,8 +6,8 @@ import os
 import subprocess
 from pathlib import Path
 
-REPO = Path(__file__).resolve().parents[2]
-BUILD = Path(os.environ.get("PUFFINO_BUILD_DIR", REPO / "build"))
+from world import BUILD
+
 VERSION = os.environ.get("PUFFINO_VERSION", "")
 DEB = BUILD / "dist" / f"puffino_{VERSION}_amd64.deb"
 

@@ -62,6 +62,10 @@ class XEvent(ctypes.Structure):  # the start shared by key and client messages, 
                 ("display", ctypes.c_void_p), ("window", ctypes.c_ulong), ("detail", ctypes.c_ulong * 19)]
 
 
+def outline(attributes):  # a window's rectangle from its attributes
+    return [attributes.x, attributes.y, attributes.x + attributes.width, attributes.y + attributes.height]
+
+
 IGNORE_X_ERRORS = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(lambda display, error: 0)
 
 
@@ -125,18 +129,9 @@ class NativeSession(World):
         if self.dpi:  # as a desktop publishes its scale
             subprocess.run(["xrdb", "-merge"], input=f"Xft.dpi: {self.dpi}\n", text=True, env=self.x_env,
                            check=True)
-        self.home_folder = self.root / "home"
-        (self.root / "run").mkdir(mode=0o700)
-        self.sound_file = self.root / "sound.raw"
-        # The font cache is the system's, not a file of Puffino's: kept out
-        # of the home folder whose files the scenarios account for.
-        self.env = {**self.x_env, "HOME": str(self.home_folder), "XDG_CONFIG_HOME": str(self.home_folder / ".config"),
-                    "XDG_CACHE_HOME": str(self.root / "cache"), "XDG_RUNTIME_DIR": str(self.root / "run"),
-                    "SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(self.sound_file),
-                    "PULSE_SERVER": "unix:/nonexistent",
-                    # No session bus, and none started on demand (dbus-launch
-                    # writes into the home folder): a desktop gives its own.
-                    "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}
+        # No session bus, and none started on demand (dbus-launch writes
+        # into the home folder): a desktop gives its own.
+        self.env = {**self.puffino_env(self.x_env), "DBUS_SESSION_BUS_ADDRESS": "unix:path=/nonexistent"}
         self.grabber = Grabber(self.x_display, self.width, self.height)
         self.x11 = xlib()
         # A window that goes between listing and asking (Puffino remaking
@@ -145,6 +140,18 @@ class NativeSession(World):
         self.x_connection = self.x11.XOpenDisplay(self.x_display.encode())
         self.x_root = self.x11.XDefaultRootWindow(self.x_connection)
         self.pid_atom = self.x11.XInternAtom(self.x_connection, b"_NET_WM_PID", 0)
+
+    def puffino_env(self, base):
+        """base with Puffino's private home and runtime folder, and SDL's disk
+        driver writing its sound to a file. The font cache is the system's,
+        not a file of Puffino's: kept out of the home folder whose files the
+        scenarios account for."""
+        self.home_folder, self.sound_file = self.root / "home", self.root / "sound.raw"
+        (self.root / "run").mkdir(mode=0o700)
+        return {**base, "HOME": str(self.home_folder), "XDG_CONFIG_HOME": str(self.home_folder / ".config"),
+                "XDG_CACHE_HOME": str(self.root / "cache"), "XDG_RUNTIME_DIR": str(self.root / "run"),
+                "SDL_AUDIODRIVER": "disk", "SDL_DISKAUDIOFILE": str(self.sound_file),
+                "PULSE_SERVER": "unix:/nonexistent"}
 
     def lay_out_monitors(self):
         """The first head on the dummy driver's first output, and so on; the
@@ -181,43 +188,50 @@ class NativeSession(World):
             self.x11.XFree(data)
         return values if number > 1 or values is None else values[0]
 
-    def stacking(self):
-        """The root window's children, top of the stack first."""
-        x11 = self.x11
-        root, parent, children, count = ctypes.c_ulong(), ctypes.c_ulong(), ctypes.c_void_p(), ctypes.c_uint()
-        x11.XQueryTree(self.x_connection, self.x_root, ctypes.byref(root), ctypes.byref(parent),
-                       ctypes.byref(children), ctypes.byref(count))
+    def stacking(self, parent=None):
+        """A window's children (the root's), top of the stack first; none when it is gone."""
+        root, up, children, count = ctypes.c_ulong(), ctypes.c_ulong(), ctypes.c_void_p(), ctypes.c_uint()
+        if not self.x11.XQueryTree(self.x_connection, parent or self.x_root, ctypes.byref(root), ctypes.byref(up),
+                                   ctypes.byref(children), ctypes.byref(count)):
+            return []
         stack = list((ctypes.c_ulong * count.value).from_address(children.value)) if count.value else []
         if children.value:
-            x11.XFree(children)
+            self.x11.XFree(children)
         return stack[::-1]  # XQueryTree lists the bottom first
+
+    def top_levels(self):
+        """The root's mapped children, top first: (id, its attributes)."""
+        found = []
+        for window in self.stacking():
+            attributes = XWindow()
+            if self.x11.XGetWindowAttributes(self.x_connection, window, ctypes.byref(attributes)) and \
+                    attributes.map_state == IS_VIEWABLE:
+                found.append((window, attributes))
+        return found
+
+    def title(self, window):
+        name = ctypes.c_char_p()
+        self.x11.XFetchName(self.x_connection, window, ctypes.byref(name))
+        title = name.value.decode() if name.value else None
+        if name.value:
+            self.x11.XFree(name)
+        return title
 
     def windows(self):
         """Puffino's mapped windows, top of the stack first: rect, title,
         whether each is above every other client's window (with no window
         manager, topmost is the top of the stacking order), which has the
         keyboard focus, and the pid that owns it."""
-        x11, display = self.x11, self.x_connection
         focus, revert = ctypes.c_ulong(), ctypes.c_int()
-        x11.XGetInputFocus(display, ctypes.byref(focus), ctypes.byref(revert))
+        self.x11.XGetInputFocus(self.x_connection, ctypes.byref(focus), ctypes.byref(revert))
         found, others_above = [], False
-        for window in self.stacking():
-            attributes, name = XWindow(), ctypes.c_char_p()
-            if not x11.XGetWindowAttributes(display, window, ctypes.byref(attributes)) or \
-                    attributes.map_state != IS_VIEWABLE:
-                continue
-            x11.XFetchName(display, window, ctypes.byref(name))
-            title = name.value.decode() if name.value else None
-            if name.value:
-                x11.XFree(name)
-            if title != "Puffino":
+        for window, attributes in self.top_levels():
+            if self.title(window) != "Puffino":
                 others_above = True
                 continue
-            found.append({"id": window, "title": title, "visible": True, "topmost": not others_above,
-                          "rect": [attributes.x, attributes.y, attributes.x + attributes.width,
-                                   attributes.y + attributes.height],
-                          "foreground": focus.value == window, "pid": self.property_cardinal(window, self.pid_atom),
-                          "plain": attributes.border_width == 0})
+            found.append({"id": window, "title": "Puffino", "visible": True, "topmost": not others_above,
+                          "rect": outline(attributes), "foreground": focus.value == window,
+                          "pid": self.property_cardinal(window, self.pid_atom), "plain": attributes.border_width == 0})
         return found
 
     def memory(self, pid):  # the heap and other private memory, in bytes

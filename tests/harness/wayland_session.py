@@ -135,16 +135,11 @@ class WaylandPuffino(NativePuffino):
     def open_world(self):
         self.make_root(BUILD / "native")
         self.start_sway()
-        self.home_folder, self.sound_file = self.root / "home", self.root / "sound.raw"
-        (self.root / "run").mkdir(mode=0o700)
         self.wayland_env = {**{k: v for k, v in os.environ.items() if k != "DISPLAY"},
                             "WAYLAND_DISPLAY": str(self.sway_folder / "run" / "wayland-1"),
                             "SWAYSOCK": str(self.sway_socket), "XDG_RUNTIME_DIR": str(self.root / "run"),
                             **self.cursor_env()}
-        self.env = {**self.wayland_env, "HOME": str(self.home_folder),
-                    "XDG_CONFIG_HOME": str(self.home_folder / ".config"), "XDG_CACHE_HOME": str(self.root / "cache"),
-                    "SDL_VIDEODRIVER": "wayland", "SDL_AUDIODRIVER": "disk",
-                    "SDL_DISKAUDIOFILE": str(self.sound_file), "PULSE_SERVER": "unix:/nonexistent"}
+        self.env = {**self.puffino_env(self.wayland_env), "SDL_VIDEODRIVER": "wayland"}
         self.start_wayvnc()
         self.grabber = Grim(self.wayland_env, self.width, self.height)
         self.wait_for(lambda: self.grabber.pixel(960, BAR_HEIGHT // 2) != self.grabber.pixel(960, 540),
