@@ -1,5 +1,5 @@
-// The praise's fade and pop-in, and when the hint balloon shows, on a
-// laid-out home monitor. (Where labels, pills and the balloon are drawn is
+// The praise's fade and pop-in, when the hint balloon shows, on a laid-out
+// home monitor, and how a label too wide for its button shrinks. (Where labels, pills and the balloon are drawn is
 // the reference pictures' part.)
 #include <gtest/gtest.h>
 
@@ -8,6 +8,7 @@
 #include "settings/language.h"
 #include "tests/unit/fake_platform.h"
 #include "text/label_layout.h"
+#include "text/text_metrics.h"
 
 namespace {
 
@@ -68,6 +69,17 @@ TEST(LabelLayout, HintBalloonShowsUntilTheFirstBlowingHold) {
         LaidOut(1.0f), hide();
         EXPECT_FALSE(HintBalloonShows());
     }
+}
+
+// A button label too wide for its box: 95 % of the room in proportion,
+// once, never below 24 pixels at the scale; one that fits keeps its size.
+TEST(LabelLayout, AnOverflowingLabelShrinksToFit) {
+    g_dpiScale = 1.0f;
+    EXPECT_FLOAT_EQ(FitFontSize(40, 400, 380), 36.1f);
+    EXPECT_TRUE(FitFontSize(30, 400, 200) == 24 && FitFontSize(30, 200, 200) == 30);
+    g_dpiScale = 2.0f;
+    EXPECT_EQ(FitFontSize(60, 400, 200), 48) << "the floor scales too";
+    g_dpiScale = 1.0f;
 }
 
 }  // namespace
