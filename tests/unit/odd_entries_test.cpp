@@ -112,6 +112,15 @@ TEST(OddEntries, ReadAsNoFile) {
     }
 }
 
+// Against them, the real rounded face: looked up once, then kept.
+TEST(OddEntries, TheRealRoundedFaceLoadsOnceAndStays) {
+    ReleaseFonts();
+    const FontFace* face = RoundedFace(kRegularFontFile);
+    ASSERT_NE(face, nullptr);
+    EXPECT_EQ(RoundedFace(kRegularFontFile), face) << "the second call reports the first's outcome";
+    ReleaseFonts();
+}
+
 TEST(OddEntries, OnlyAFileTakesTheBestScore) {
     Watchdog watchdog;
     const fs::path best = FilePath(AppDataFile(L"high_score.txt"));
