@@ -94,6 +94,7 @@ inline std::vector<ProfileCase> ProfileCases() {
         {"a key in another section", u(u"[UI]\r\nSoundEnabled=0"), u"Puffino", u"SoundEnabled", u"absent", absent},
         {"a key before every section", u(u"SoundEnabled=0\r\n[Puffino]"), u"Puffino", u"SoundEnabled", u"absent",
          absent},
+        {"a name in capitals", u(u"[UI]\r\nLANGUAGE=en"), u"UI", u"Language", u"en", 0},
         {"spaces inside the brackets", u(u"[ Puffino ]\r\nSoundEnabled=0"), u"Puffino", u"SoundEnabled", u"0", 0},
         {"words after the brackets", u(u"[Puffino] ; the toy\r\nSoundEnabled=0"), u"Puffino", u"SoundEnabled", u"0",
          0},

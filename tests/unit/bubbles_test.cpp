@@ -3,6 +3,7 @@
 // the caps of the effects.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <set>
@@ -43,6 +44,7 @@ TEST(AmbientBubbles, AboutOneInTenIsGoldAndMonitorsShareByWidth) {
     g_displayWindows[1].playRect = {1920, 0, 3200, 1024};
     g_virtualWidth = 3200;
     int onHome = 0, total = 0, gold = 0, atBottom = 0;
+    float goldSway = 0;  // the widest: a gold bubble sways 0.55 of a plain one's 0.6 to 1.8
     std::set<std::array<uint8_t, 3>> tints;
     constexpr int kTicks = 240000;
     for (int tick = 0; tick < kTicks; ++tick) {
@@ -50,6 +52,7 @@ TEST(AmbientBubbles, AboutOneInTenIsGoldAndMonitorsShareByWidth) {
         for (const Bubble& b : g_playField.bubbles) {
             onHome += b.x < 1920;
             gold += b.gold;
+            if (b.gold) goldSway = std::max(goldSway, b.sway);
             tints.insert({b.red, b.green, b.blue});
             // Its top starts at its own monitor's bottom edge.
             atBottom += std::abs(b.y - (b.gold ? b.radius / 0.88f : b.radius) - (b.x < 1920 ? 1080 : 1024)) < 0.01f;
@@ -64,6 +67,7 @@ TEST(AmbientBubbles, AboutOneInTenIsGoldAndMonitorsShareByWidth) {
                                                         {255, 236, 180}, {220, 210, 255}, {200, 245, 245},
                                                         {255, 215, 70}}));
     EXPECT_EQ(atBottom, total);
+    EXPECT_TRUE(goldSway > 0.95f && goldSway <= 0.99f) << goldSway;
 }
 
 TEST(StepMotion, RiseSwayFallAndExpire) {

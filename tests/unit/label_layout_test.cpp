@@ -71,6 +71,11 @@ TEST(LabelLayout, HintBalloonShowsUntilTheFirstBlowingHold) {
     }
 }
 
+TEST(LabelLayout, TheHintBalloonKeepsItsMarginOnASmallHomeMonitor) {
+    LaidOut(1.0f, {0, 0, 400, 300});
+    EXPECT_EQ(LayOutHintBalloon({300, 40}).body.x, 24) << "the left edge's margin wins over the penguin";
+}
+
 // A button label too wide for its box: 95 % of the room in proportion,
 // once, never below 24 pixels at the scale; one that fits keeps its size.
 TEST(LabelLayout, AnOverflowingLabelShrinksToFit) {
