@@ -92,4 +92,15 @@ ExternalProject_Add(puffino_windows
 # tarball in the shared downloads/ and only unpacks it.
 add_dependencies(puffino_windows fonts)
 
+# The fuzzers, built by clang (libFuzzer comes with it); the same tree as
+# the "fuzz" configure preset's.
+set(PUFFINO_FUZZ_BUILD ${CMAKE_BINARY_DIR}/fuzz)
+ExternalProject_Add(puffino_fuzzers
+  SOURCE_DIR ${PROJECT_SOURCE_DIR}
+  BINARY_DIR ${PUFFINO_FUZZ_BUILD}
+  CMAKE_ARGS -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++ -DPUFFINO_FUZZERS=ON
+  BUILD_ALWAYS ON
+  INSTALL_COMMAND ""
+  USES_TERMINAL_BUILD ON)
+
 include(${PROJECT_SOURCE_DIR}/tests/Tiers.cmake)

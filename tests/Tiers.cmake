@@ -1,8 +1,10 @@
-# The three test tiers, all in CTest; the labels unit, wine and e2e name them.
+# The three test tiers and the fuzzers, all in CTest; the labels unit, wine,
+# e2e and fuzz name them.
 #  unit: native GoogleTest on the portable core, plain and sanitized.
 #  wine: GoogleTest programs built with mingw, run under Wine by the harness.
 #  e2e:  the real Puffino.exe under Wine in Xvfb, and the Linux edition on a
 #        dummy Xorg, driven from Python.
+#  fuzz: libFuzzer on the portable core, natively, a few seconds each.
 set(HARNESS_DIR ${PROJECT_SOURCE_DIR}/tests/harness)
 set(WINE_TEST_PROGRAMS ${PUFFINO_WINDOWS_BUILD}/tests)
 set(HARNESS_ENVIRONMENT
@@ -119,3 +121,20 @@ set_tests_properties(e2e.soak PROPERTIES FIXTURES_REQUIRED wine_prefix LABELS e2
 add_test(NAME e2e.soak_native COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/soak.py --edition native
          --minutes 1 --out ${CMAKE_BINARY_DIR}/test-artifacts/soak-native)
 set_tests_properties(e2e.soak_native PROPERTIES LABELS e2e ENVIRONMENT "${HARNESS_ENVIRONMENT}" TIMEOUT 600)
+
+# The fuzzers: a few seconds each (label fuzz), from the committed seeds and
+# what earlier runs kept in build/fuzz/corpus; `./puffino fuzz` runs them
+# longer. A finding stops the fuzzer and lands in build/fuzz/artifacts.
+file(GLOB FUZZER_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/fuzz/*_fuzzer.cpp)
+foreach(source IN LISTS FUZZER_SOURCES)
+  get_filename_component(name ${source} NAME_WE)
+  set(corpora ${PUFFINO_FUZZ_BUILD}/corpus/${name})
+  if(IS_DIRECTORY ${PROJECT_SOURCE_DIR}/tests/fuzz/seeds/${name})
+    list(APPEND corpora ${PROJECT_SOURCE_DIR}/tests/fuzz/seeds/${name})
+  endif()
+  string(REPLACE "_fuzzer" "" short ${name})
+  add_test(NAME fuzz.${short}
+           COMMAND ${PUFFINO_FUZZ_BUILD}/${name} -seed=1 -max_total_time=5 -timeout=10
+                   -artifact_prefix=${PUFFINO_FUZZ_BUILD}/artifacts/${name}- ${corpora})
+  set_tests_properties(fuzz.${short} PROPERTIES LABELS fuzz TIMEOUT 120)
+endforeach()
