@@ -1,18 +1,17 @@
-// One borderless, always-on-top window per display; the home window on the
-// launch display; the rebuild on display changes. SDL gives the displays in
-// the display server's virtual-screen coordinates (the X root window's).
+// The display windows of the Linux edition: the displays as SDL lists them
+// (in the display server's virtual-screen coordinates, the X root window's),
+// one borderless, always-on-top window per display, and what the host asks
+// of those windows.
 #include <SDL.h>
 
 #include <cstdlib>
 #include <cstring>
 
-#include "app/display_windows.h"
-#include "app/linux_shell.h"
-#include "play/play_field.h"
-#include "play/pointer_input.h"
-#include "play/random.h"
-#include "render/frame_buffers.h"
-#include "settings/volume_clamp.h"
+#include "app/host.h"
+#include "app/host_platform.h"
+#include "app/launch_monitor.h"
+#include "app/shell_linux.h"
+#include "play/window_handle_linux.h"
 
 namespace {
 
@@ -29,7 +28,17 @@ Uint32 WindowFlags() {
     return VideoDriverIs("wayland") ? kWindowFlags | SDL_WINDOW_FULLSCREEN_DESKTOP : kWindowFlags;
 }
 
-std::vector<Rect> DisplayRects() {
+}  // namespace
+
+bool VideoDriverIs(const char* name) {
+    const char* driver = SDL_GetCurrentVideoDriver();
+    return driver && std::strcmp(driver, name) == 0;
+}
+
+std::vector<Rect> ListMonitors() {
+    // The layout the windows are made for, against which the topmost tick
+    // compares the X server's.
+    RememberX11Layout();
     std::vector<Rect> rects;
     const int count = SDL_GetNumVideoDisplays();
     for (int i = 0; i < count; ++i) {
@@ -40,30 +49,10 @@ std::vector<Rect> DisplayRects() {
     return rects;
 }
 
-void ReadVirtualScreen(const std::vector<Rect>& displays) {
+Rect VirtualScreen(const std::vector<Rect>& monitors) {
     Rect all{0, 0, 0, 0};
-    for (size_t i = 0; i < displays.size(); ++i) all = i == 0 ? displays[i] : Union(all, displays[i]);
-    g_virtualLeft = all.left;
-    g_virtualTop = all.top;
-    g_virtualWidth = Width(all);
-    g_virtualHeight = Height(all);
-}
-
-DisplayWindow RecordFor(const Rect& screenRect) {
-    DisplayWindow window;
-    window.screenRect = screenRect;
-    window.playRect = Offset(screenRect, -g_virtualLeft, -g_virtualTop);
-    window.width = Width(screenRect);
-    window.height = Height(screenRect);
-    window.sceneryTheme = static_cast<uint32_t>(RandomInt(0, 4));
-    return window;
-}
-
-}  // namespace
-
-bool VideoDriverIs(const char* name) {
-    const char* driver = SDL_GetCurrentVideoDriver();
-    return driver && std::strcmp(driver, name) == 0;
+    for (size_t i = 0; i < monitors.size(); ++i) all = i == 0 ? monitors[i] : Union(all, monitors[i]);
+    return all;
 }
 
 bool ChooseLaunchMonitor(Rect& out) {
@@ -78,69 +67,31 @@ bool ChooseLaunchMonitor(Rect& out) {
     return bounds.w > 0 && bounds.h > 0;
 }
 
-void DestroyDisplayWindows() {
-    for (DisplayWindow& window : g_displayWindows) {
-        ReleaseWindowBuffers(window);
-        if (window.hwnd) {
-            ForgetWindowDirt(window.hwnd);
-            SDL_DestroyWindow(window.hwnd);
-        }
-        window.hwnd = nullptr;
-    }
-    g_displayWindows.clear();
+WindowHandle MakePlatformWindow(const Rect& screenRect, size_t) {
+    return HandleOf(SDL_CreateWindow("Puffino", screenRect.left, screenRect.top, Width(screenRect),
+                                     Height(screenRect), WindowFlags()));
 }
 
-void CreateDisplayWindows() {
-    g_mainWindow = nullptr;
-    DestroyDisplayWindows();
+void HidePlatformWindow(WindowHandle window) { SDL_HideWindow(NativeWindow(window)); }
 
-    const std::vector<Rect> displays = DisplayRects();
-    ReadVirtualScreen(displays);
-    for (const Rect& display : displays) {
-        DisplayWindow window = RecordFor(display);
-        // The launch value is read afresh for every display; only its
-        // top-left corner has to match.
-        Rect launch;
-        window.isMain = ChooseLaunchMonitor(launch) && display.left == launch.left && display.top == launch.top;
-        g_displayWindows.push_back(window);
-    }
-
-    for (DisplayWindow& window : g_displayWindows) {
-        window.hwnd = SDL_CreateWindow("Puffino", window.screenRect.left, window.screenRect.top, window.width,
-                                       window.height, WindowFlags());
-        // A failed window keeps its record with a null handle.
-        if (!window.hwnd) continue;
-        if (window.isMain) g_mainWindow = window.hwnd;  // with several, the last wins
-        CreateWindowBuffers(window);
-        RenderScenery(window);
-    }
+void DestroyPlatformWindow(WindowHandle window) {
+    ForgetWindowDirt(window);
+    SDL_DestroyWindow(NativeWindow(window));
 }
 
-void RebuildDisplayWindows() {
-    CancelPress();  // before the old windows and their capture go
-    CreateDisplayWindows();
-    RememberX11Layout();
-    if (g_mainWindow) {
-        g_dpiScale = DpiScaleFromDpi(X11DesktopDpi(g_mainWindow));
-        g_shortcutTarget = g_mainWindow;
-    }
-    LayoutPlayField();
-    StartTimers();
-    for (const DisplayWindow& window : g_displayWindows) {
-        if (window.hwnd) AddWindowDirt(window.hwnd, {0, 0, window.width, window.height});
-    }
+uint32_t WindowDpi(WindowHandle window) { return X11DesktopDpi(window); }
+
+void InvalidateWindow(WindowHandle window) {
+    const DisplayWindow* record = FindDisplayWindow(window);
+    if (record) AddWindowDirt(window, {0, 0, record->width, record->height});
 }
 
 void BringToForeground(WindowHandle window) {
-    SDL_RaiseWindow(window);
+    SDL_RaiseWindow(NativeWindow(window));
     // Where no window manager acts on SDL's request (and none acts for an
     // override-redirect window) the last window shown keeps the focus.
     FocusX11Window(window);
 }
 
-void ReassertTopmost() {
-    // Raised without taking the focus, as the Windows program's topmost
-    // call does not activate.
-    RaiseDisplayWindows();
-    ClampMasterVolume();
-}
+// The press's capture goes with CancelPress; there is no cursor clip.
+void ReleasePointer() {}

@@ -8,13 +8,15 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/display_windows.h"
-#include "app/linux_shell.h"
+#include "app/host.h"
+#include "app/host_platform.h"
 #include "app/pointer_points.h"
 #include "app/repeating_timer.h"
+#include "app/shell_linux.h"
 #include "play/platform.h"
 #include "play/play_field.h"
 #include "play/pointer_input.h"
+#include "play/window_handle_linux.h"
 
 namespace {
 
@@ -30,20 +32,20 @@ bool g_displaysChanged = false;
 // soak measures real play with it. Unset, nothing is written.
 FILE* g_frameTimes = nullptr;
 
-DisplayWindow* WindowOf(Uint32 windowId) { return FindDisplayWindow(SDL_GetWindowFromID(windowId)); }
+WindowHandle HandleOfId(Uint32 windowId) { return HandleOf(SDL_GetWindowFromID(windowId)); }
+DisplayWindow* WindowOf(Uint32 windowId) { return FindDisplayWindow(HandleOfId(windowId)); }
 
 void MouseButton(const SDL_MouseButtonEvent& event) {
     if (event.button != SDL_BUTTON_LEFT) return;
     if (event.type == SDL_MOUSEBUTTONUP) {
         // Not filtered: a release synthesized from touch ends nothing twice.
-        if (WindowOf(event.windowID)) PointerUp();
+        ReleaseInWindow(HandleOfId(event.windowID));
         return;
     }
     // A touch arrives as finger events; the press SDL makes from it must
     // not press a second time.
     if (event.which == SDL_TOUCH_MOUSEID) return;
-    const DisplayWindow* window = WindowOf(event.windowID);
-    if (window) PointerDown(ClientToPlayField(*window, {event.x, event.y}), false);
+    PressInWindow(HandleOfId(event.windowID), {event.x, event.y}, false);
 }
 
 void Finger(const SDL_TouchFingerEvent& event) {
@@ -51,8 +53,7 @@ void Finger(const SDL_TouchFingerEvent& event) {
     if (!window) return;
     // Moves and finger ids are not used: any lifted finger ends the press.
     if (event.type == SDL_FINGERDOWN) {
-        PointerDown(ClientToPlayField(*window, TouchClientPoint(event.x, event.y, window->width, window->height)),
-                    true);
+        PressInWindow(window->window, TouchClientPoint(event.x, event.y, window->width, window->height), true);
     } else if (event.type == SDL_FINGERUP) {
         PointerUp();
     }
@@ -67,10 +68,10 @@ void WindowEvent(const SDL_WindowEvent& event) {
     switch (event.event) {
     case SDL_WINDOWEVENT_EXPOSED:
     case SDL_WINDOWEVENT_SIZE_CHANGED:
-        AddWindowDirt(window->hwnd, {0, 0, window->width, window->height});
+        AddWindowDirt(window->window, {0, 0, window->width, window->height});
         break;
     case SDL_WINDOWEVENT_FOCUS_GAINED:
-        GrabKeyboardFor(window->hwnd);  // SDL's grab follows the focus
+        GrabKeyboardFor(window->window);  // SDL's grab follows the focus
         break;
     case SDL_WINDOWEVENT_CLOSE:
         PostQuit();  // a window manager's close: teardown after the loop
@@ -100,15 +101,15 @@ void HandleEvent(const SDL_Event& event) {
 void RefreshDisplays() {
     g_displaysChanged = false;
     CancelPress();
-    g_mainWindow = nullptr;
+    g_homeWindow = nullptr;
     DestroyDisplayWindows();
     SDL_QuitSubSystem(SDL_INIT_VIDEO);
     SDL_InitSubSystem(SDL_INIT_VIDEO);
     RebuildDisplayWindows();
     // The new home window is in front and holds the keyboard, as the old
     // one did: without the focus SDL would not grab for it.
-    if (g_mainWindow) BringToForeground(g_mainWindow);
-    GrabKeyboardFor(g_mainWindow);
+    if (g_homeWindow) BringToForeground(g_homeWindow);
+    GrabKeyboardFor(g_homeWindow);
 }
 
 uint64_t Microseconds(uint64_t counts) { return counts * 1000000 / SDL_GetPerformanceFrequency(); }
@@ -118,7 +119,7 @@ void FrameTick() {
     // Another window that came up over Puffino's goes under again within
     // a frame; at most once a frame, so that a program that raises itself
     // in answer cannot keep the loop busy.
-    if (OthersRestacked()) RaiseDisplayWindows();
+    if (OthersRestacked()) RaiseWindows();
     AdvanceFrame();  // invalidates what moved
     PaintWindows();
     if (g_frameTimes) {
@@ -148,7 +149,7 @@ int WaitMilliseconds() {
 }  // namespace
 
 void StartTimers() {
-    if (!g_mainWindow) return;
+    if (!g_homeWindow) return;
     const uint32_t now = TickCount();
     SetRepeatingTimer(g_topmostTimer, kTopmostPeriod, now);
     SetRepeatingTimer(g_frameTimer, kFramePeriod, now);

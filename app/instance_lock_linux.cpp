@@ -9,8 +9,9 @@
 #include <cerrno>
 #include <cstdlib>
 
+#include "app/host_platform.h"
 #include "app/instance_lock.h"
-#include "app/linux_shell.h"
+#include "app/shell_linux.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ bool PrivateFolderReady(const std::string& folder) {
 
 }  // namespace
 
-bool AcquireInstanceLock() {
+bool StartProcess() {
     const char* runtime = std::getenv("XDG_RUNTIME_DIR");
     const std::string folder = InstanceLockFolder(runtime, std::getenv("TMPDIR"), getuid());
     const bool isRuntime = runtime && folder == runtime;

@@ -1,20 +1,20 @@
 // The keyboard guard's report and block rules.
 #include "app/keyboard_guard.h"
 
-using namespace guard_keys;
-
 namespace {
 
 // The shortcuts that stop the child from leaving, first match wins.
 bool Blocked(const GuardedKey& key) {
-    const uint32_t k = key.vkCode;
-    if (k == kLeftWin || k == kRightWin || k == kApps) return true;  // Start menu, context menu
-    if (key.ctrlDown && key.shiftDown) return true;                  // Task Manager and friends
-    if (k == kEscape && key.ctrlDown) return true;                   // Start menu
+    const GuardKey k = key.key;
+    if (k == GuardKey::kLeftWindows || k == GuardKey::kRightWindows || k == GuardKey::kMenu) {
+        return true;  // Start menu, context menu
+    }
+    if (key.ctrlDown && key.shiftDown) return true;          // Task Manager and friends
+    if (k == GuardKey::kEscape && key.ctrlDown) return true;  // Start menu
     // Alt with anything switches or closes; the reportable keys are exempt,
     // so that without a home window Alt+F4 still reaches the system.
-    if (key.altDown) return k != kSnapshot && k != kF1 && k != kF4;
-    return k == kTab && key.winDown;                                 // task view
+    if (key.altDown) return k != GuardKey::kPrintScreen && k != GuardKey::kF1 && k != GuardKey::kF4;
+    return k == GuardKey::kTab && key.winDown;  // task view
 }
 
 }  // namespace
@@ -22,13 +22,12 @@ bool Blocked(const GuardedKey& key) {
 GuardDecision DecideGuardedKey(const GuardedKey& key) {
     // Key releases always pass: a swallowed release would leave the system
     // believing the key is still held.
-    if (!key.isAction || (key.message != kKeyDown && key.message != kSysKeyDown)) return {};
+    if (!key.press) return {};
 
     GuardDecision decision;
-    const bool reportable = key.vkCode == kSnapshot ||
-                            (key.altDown && (key.vkCode == kF1 || key.vkCode == kF4));
-    decision.report = !(key.flags & kUpFlag) && reportable && key.targetPresent &&
-                      !(key.flags & kExtendedFlag);
+    const bool reportable = key.key == GuardKey::kPrintScreen ||
+                            (key.altDown && (key.key == GuardKey::kF1 || key.key == GuardKey::kF4));
+    decision.report = !key.flaggedUp && reportable && key.targetPresent && !key.extended;
     decision.swallow = Blocked(key);
     return decision;
 }

@@ -6,65 +6,53 @@
 // ends play.
 #include <SDL.h>
 
-#include "app/display_windows.h"
+#include "app/host.h"
+#include "app/host_platform.h"
 #include "app/keyboard_guard.h"
-#include "app/linux_shell.h"
-#include "app/shell.h"
+#include "app/shell_linux.h"
+#include "play/platform.h"
+#include "play/window_handle_linux.h"
 
 namespace {
 
 bool g_guardInstalled = false;
 
-// The guard's rules speak in the Windows program's key codes; SDL's names
-// for the keys they name are translated, every other key is ordinary.
-uint32_t GuardCodeOf(SDL_Keycode key) {
+// SDL's names for the keys the guard's rules name; every other key is an
+// ordinary one.
+GuardKey KeyOf(SDL_Keycode key) {
     switch (key) {
-    case SDLK_TAB: return guard_keys::kTab;
-    case SDLK_ESCAPE: return guard_keys::kEscape;
-    case SDLK_PRINTSCREEN: return guard_keys::kSnapshot;
-    case SDLK_LGUI: return guard_keys::kLeftWin;
-    case SDLK_RGUI: return guard_keys::kRightWin;
-    case SDLK_APPLICATION: return guard_keys::kApps;
-    case SDLK_F1: return guard_keys::kF1;
-    case SDLK_F4: return guard_keys::kF4;
-    default: return 0;
+    case SDLK_TAB: return GuardKey::kTab;
+    case SDLK_ESCAPE: return GuardKey::kEscape;
+    case SDLK_PRINTSCREEN: return GuardKey::kPrintScreen;
+    case SDLK_LGUI: return GuardKey::kLeftWindows;
+    case SDLK_RGUI: return GuardKey::kRightWindows;
+    case SDLK_APPLICATION: return GuardKey::kMenu;
+    case SDLK_F1: return GuardKey::kF1;
+    case SDLK_F4: return GuardKey::kF4;
+    default: return GuardKey::kOther;
     }
 }
 
-DesktopKey ReadKey(const SDL_KeyboardEvent& event) {
+GuardedKey ReadKey(const SDL_KeyboardEvent& event) {
     const Uint16 mod = event.keysym.mod;
-    DesktopKey key;
-    key.guardCode = GuardCodeOf(event.keysym.sym);
-    key.down = event.type == SDL_KEYDOWN;
-    key.alt = (mod & KMOD_ALT) != 0;
-    key.ctrl = (mod & KMOD_CTRL) != 0;
-    key.shift = (mod & KMOD_SHIFT) != 0;
-    key.gui = (mod & KMOD_GUI) != 0;
+    GuardedKey key;
+    key.key = KeyOf(event.keysym.sym);
+    key.press = event.type == SDL_KEYDOWN;
+    key.altDown = (mod & KMOD_ALT) != 0;
+    key.ctrlDown = (mod & KMOD_CTRL) != 0;
+    key.shiftDown = (mod & KMOD_SHIFT) != 0;
+    key.winDown = (mod & KMOD_GUI) != 0;
     return key;
 }
 
-GuardedKey ToGuardedKey(const DesktopKey& key) {
-    GuardedKey guarded;
-    guarded.altDown = key.alt;
-    // Alt turns a key press into a system key press, as on Windows.
-    guarded.message = key.down ? (key.alt ? guard_keys::kSysKeyDown : guard_keys::kKeyDown)
-                               : (key.alt ? guard_keys::kSysKeyUp : guard_keys::kKeyUp);
-    guarded.vkCode = key.guardCode;
-    guarded.ctrlDown = key.ctrl;
-    guarded.shiftDown = key.shift;
-    guarded.winDown = key.gui;
-    guarded.targetPresent = g_shortcutTarget != nullptr;
-    return guarded;
-}
-
-bool IsAltF4(const DesktopKey& key) { return key.down && key.guardCode == guard_keys::kF4 && key.alt; }
+bool IsAltF4(const GuardedKey& key) { return key.press && key.key == GuardKey::kF4 && key.altDown; }
 
 }  // namespace
 
 void InstallKeyboardGuard() {
     if (!g_blockShortcuts) return;
     g_guardInstalled = true;
-    GrabKeyboardFor(g_mainWindow);
+    GrabKeyboardFor(g_homeWindow);
 }
 
 void GrabKeyboardFor(WindowHandle window) {
@@ -73,20 +61,21 @@ void GrabKeyboardFor(WindowHandle window) {
     // has the focus; a grab the server refuses is asked for again on the
     // next topmost tick, and play runs unguarded until then.
     if (X11DesktopOpen()) {
-        HoldX11Keyboard(g_mainWindow);
+        HoldX11Keyboard(g_homeWindow);
         return;
     }
+    SDL_Window* native = NativeWindow(window);
     // SDL holds the grab for the window with the focus only, so whichever
     // display window gets the focus asks for it. SDL ignores a request for
     // a window it already marks as grabbed, though the grab waited for the
     // focus: the mark is cleared so that this one counts.
-    SDL_SetWindowKeyboardGrab(window, SDL_FALSE);
-    SDL_SetWindowKeyboardGrab(window, SDL_TRUE);
+    SDL_SetWindowKeyboardGrab(native, SDL_FALSE);
+    SDL_SetWindowKeyboardGrab(native, SDL_TRUE);
 }
 
 void RenewKeyboardGuard() {
     // Only the X server's grab can be taken again without a gap.
-    if (g_guardInstalled && g_mainWindow && X11DesktopOpen()) HoldX11Keyboard(g_mainWindow);
+    if (g_guardInstalled && g_homeWindow && X11DesktopOpen()) HoldX11Keyboard(g_homeWindow);
 }
 
 void RemoveKeyboardGuard() {
@@ -94,13 +83,13 @@ void RemoveKeyboardGuard() {
     g_guardInstalled = false;
     ReleaseX11Keyboard();
     for (const DisplayWindow& window : g_displayWindows) {
-        if (window.hwnd) SDL_SetWindowKeyboardGrab(window.hwnd, SDL_FALSE);
+        if (window.window) SDL_SetWindowKeyboardGrab(NativeWindow(window.window), SDL_FALSE);
     }
 }
 
 void HandleKeyEvent(const SDL_Event& event) { HandleGuardedKey(ReadKey(event.key)); }
 
-void HandleGuardedKey(const DesktopKey& key) {
+void HandleGuardedKey(GuardedKey key) {
     if (!g_guardInstalled) {
         // Unguarded, the keys are the desktop's; where no window manager
         // turns Alt+F4 into a close request, it closes play here, as the
@@ -108,8 +97,9 @@ void HandleGuardedKey(const DesktopKey& key) {
         if (IsAltF4(key)) PostQuit();
         return;
     }
-    const GuardDecision decision = DecideGuardedKey(ToGuardedKey(key));
+    key.targetPresent = g_shortcutTarget != nullptr;
+    const GuardDecision decision = DecideGuardedKey(key);
     // A reported key reaches the home window; only Alt+F4 does anything
     // there. Whatever else the grab holds back does nothing at all.
-    if (decision.report && key.guardCode == guard_keys::kF4) EndPlay();
+    if (decision.report && key.key == GuardKey::kF4) EndPlay();
 }

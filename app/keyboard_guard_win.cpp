@@ -3,9 +3,10 @@
 // Installed at start-up, removed when play ends.
 #include "app/keyboard_guard_win.h"
 
-#include "app/display_windows.h"
+#include "app/host.h"
+#include "app/host_platform.h"
 #include "app/keyboard_guard.h"
-#include "app/shell.h"
+#include "play/window_handle_win.h"
 
 HHOOK g_keyboardHook = nullptr;
 
@@ -13,12 +14,26 @@ namespace {
 
 bool Held(int virtualKey) { return (GetAsyncKeyState(virtualKey) & 0x8000) != 0; }
 
+GuardKey KeyOf(DWORD virtualKey) {
+    switch (virtualKey) {
+    case VK_TAB: return GuardKey::kTab;
+    case VK_ESCAPE: return GuardKey::kEscape;
+    case VK_SNAPSHOT: return GuardKey::kPrintScreen;
+    case VK_LWIN: return GuardKey::kLeftWindows;
+    case VK_RWIN: return GuardKey::kRightWindows;
+    case VK_APPS: return GuardKey::kMenu;
+    case VK_F1: return GuardKey::kF1;
+    case VK_F4: return GuardKey::kF4;
+    default: return GuardKey::kOther;
+    }
+}
+
 GuardedKey ReadKey(int code, WPARAM wParam, const KBDLLHOOKSTRUCT& event) {
     GuardedKey key;
-    key.isAction = code == HC_ACTION;
-    key.message = static_cast<uint32_t>(wParam);
-    key.vkCode = event.vkCode;
-    key.flags = event.flags;
+    key.key = KeyOf(event.vkCode);
+    key.press = code == HC_ACTION && (wParam == WM_KEYDOWN || wParam == WM_SYSKEYDOWN);
+    key.flaggedUp = (event.flags & LLKHF_UP) != 0;
+    key.extended = (event.flags & LLKHF_EXTENDED) != 0;
     // Windows marks Alt in the event's flags; Wine never sets LLKHF_ALTDOWN
     // and shows a held Alt only through the asynchronous key state, so both
     // are asked.
@@ -39,7 +54,7 @@ LRESULT CALLBACK KeyboardGuardProc(int code, WPARAM wParam, LPARAM lParam) {
         // Only a post that got through swallows a reported key; a failed one
         // leaves the key to the block rules (Alt+F4 then reaches the system).
         if (decision.report &&
-            PostMessageW(g_shortcutTarget, WM_GUARDED_KEY, static_cast<WPARAM>(event.vkCode), 0)) {
+            PostMessageW(NativeWindow(g_shortcutTarget), WM_GUARDED_KEY, static_cast<WPARAM>(event.vkCode), 0)) {
             return 1;
         }
         if (decision.swallow) return 1;

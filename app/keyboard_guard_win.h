@@ -13,9 +13,5 @@ extern HHOOK g_keyboardHook;
 // The WH_KEYBOARD_LL procedure; runs on the main thread inside GetMessageW.
 LRESULT CALLBACK KeyboardGuardProc(int code, WPARAM wParam, LPARAM lParam);
 
-// Installs the hook when shortcuts are to be blocked and it is not yet
-// installed; a failure leaves play unguarded. Called once at start-up.
-void InstallKeyboardGuard();
-
-// Removes the hook if installed; called when play ends and at teardown.
-void RemoveKeyboardGuard();
+// InstallKeyboardGuard (host_platform.h) sets the hook when shortcuts are
+// to be blocked and it is not yet set; a failure leaves play unguarded.

@@ -2,8 +2,9 @@
 // SDL. Each is a thin translation; nothing here decides anything.
 #include <SDL.h>
 
-#include "app/linux_shell.h"
+#include "app/shell_linux.h"
 #include "play/platform.h"
+#include "play/window_handle_linux.h"
 
 namespace {
 

@@ -1,9 +1,10 @@
-// The play field's operating-system services, with the Win32 calls behind
-// them. Each is a thin translation; nothing here decides anything.
+// The play field's operating-system services in Puffino.exe, with the
+// Win32 calls behind them. Each is a thin translation; nothing here decides anything.
 #include <windows.h>
 #include <mmsystem.h>
 
 #include "play/platform.h"
+#include "play/window_handle_win.h"
 
 uint32_t TickCount() {
     return GetTickCount();
@@ -15,11 +16,11 @@ bool LeftButtonDown() {
 }
 
 void CaptureMouse(WindowHandle window) {
-    SetCapture(window);
+    SetCapture(NativeWindow(window));
 }
 
 WindowHandle MouseCaptureWindow() {
-    return GetCapture();
+    return HandleOf(GetCapture());
 }
 
 void ReleaseMouseCapture() {
@@ -35,5 +36,5 @@ void PlayWavImage(const uint8_t* image) {
 
 void InvalidateClientRect(WindowHandle window, const Rect& client) {
     const RECT rect{client.left, client.top, client.right, client.bottom};
-    InvalidateRect(window, &rect, FALSE);
+    InvalidateRect(NativeWindow(window), &rect, FALSE);
 }

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 
 // True for a mouse message that the system synthesized from touch or pen
 // input (its message extra info carries the 0xFF5157xx signature); such

@@ -1,36 +1,59 @@
-// The end of play: shared by the finish button and Alt+F4.
+// The process and the window system of Puffino.exe: the single-instance
+// mutex, COM and GDI+, the window class, the message loop.
 #include "app/shell_win.h"
 
-#include "app/display_windows.h"
-#include "app/keyboard_guard_win.h"
-#include "app/shell.h"
+#include <objbase.h>
+#include <gdiplus.h>
+
+#include "app/host_platform.h"
 #include "app/window_proc_win.h"
+#include "assets/asset_paths.h"
 
 HINSTANCE g_instance = nullptr;
 
-void EndPlay() {
-    // The finish button and Alt+F4 can both arrive in one burst.
-    if (g_playEnded) return;
-    g_playEnded = true;
+namespace {
 
-    if (g_mainWindow) {
-        KillTimer(g_mainWindow, kTopmostTimer);
-        KillTimer(g_mainWindow, kFrameTimer);
+constexpr wchar_t kSingleInstanceMutex[] = L"Local\\Puffino_SingleInstance_v1";
+
+HRESULT g_comResult = E_FAIL;
+ULONG_PTR g_gdiplusToken = 0;
+
+}  // namespace
+
+bool StartProcess() {
+    // The handle stays open for the life of the process; the system drops it
+    // at exit. A failed call just runs without single-instance protection.
+    HANDLE mutex = CreateMutexW(nullptr, TRUE, kSingleInstanceMutex);
+    if (mutex && GetLastError() == ERROR_ALREADY_EXISTS) {
+        CloseHandle(mutex);
+        return false;
     }
-    // The guard goes before the windows do, so that system shortcuts work
-    // again as soon as the windows disappear.
-    RemoveKeyboardGuard();
-    g_shortcutTarget = nullptr;
-    // Losing the capture cancels any press through WM_CAPTURECHANGED.
-    if (GetCapture()) ReleaseCapture();
-    for (const DisplayWindow& window : g_displayWindows) {
-        if (window.hwnd && IsWindow(window.hwnd)) ShowWindow(window.hwnd, SW_HIDE);
-    }
-    ClipCursor(nullptr);
-    // Destroying the home window kills its timers again and posts the quit
-    // message from its WM_DESTROY; the explicit post below covers the case
-    // without a home window.
-    DestroyDisplayWindows();
-    g_mainWindow = nullptr;
-    PostQuitMessage(0);
+    // The volume ceiling's audio objects need COM on this thread.
+    g_comResult = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    return true;
 }
+
+bool StartWindowSystem() {
+    Gdiplus::GdiplusStartupInput gdiplusInput;
+    Gdiplus::GdiplusStartup(&g_gdiplusToken, &gdiplusInput, nullptr);
+    RegisterDisplayWindowClass(g_instance);
+    return true;
+}
+
+void StopWindowSystem() {
+    Gdiplus::GdiplusShutdown(g_gdiplusToken);
+    // Only a call that really initialized COM is paired.
+    if (g_comResult == S_OK) CoUninitialize();
+}
+
+std::wstring PosePictureFolder() { return JoinPath(JoinPath(ExecutableFolder(), L"assets"), L"penguin"); }
+
+void RunEventLoop() {
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void PostQuit() { PostQuitMessage(0); }

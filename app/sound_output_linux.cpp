@@ -7,7 +7,7 @@
 #include <map>
 #include <vector>
 
-#include "app/linux_shell.h"
+#include "app/shell_linux.h"
 
 namespace {
 

@@ -8,10 +8,12 @@
 
 #include <map>
 
-#include "app/display_windows.h"
-#include "app/linux_shell.h"
+#include "app/shell_linux.h"
 #include "play/dirty_region.h"
+#include "play/display_records.h"
+#include "play/window_handle_linux.h"
 #include "render/compose_frame_linux.h"
+#include "render/window_buffers_linux.h"
 
 namespace {
 
@@ -33,7 +35,7 @@ bool TakesFrameLayout(const SDL_Surface& screen, const DisplayWindow& window) {
 // The frame buffer, rectangle by rectangle, blitted to a surface of
 // another layout (SDL converts).
 void BlitFromFrame(const DisplayWindow& window, SDL_Surface* screen, const SDL_Rect* rects, int count) {
-    cairo_surface_t* frame = window.frameSurface;
+    cairo_surface_t* frame = FrameSurface(window);
     SDL_Surface* source = SDL_CreateRGBSurfaceWithFormatFrom(
         cairo_image_surface_get_data(frame), window.width, window.height, 32, cairo_image_surface_get_stride(frame),
         SDL_PIXELFORMAT_RGB888);
@@ -47,14 +49,14 @@ void BlitFromFrame(const DisplayWindow& window, SDL_Surface* screen, const SDL_R
 }
 
 void PaintWindow(const DisplayWindow& window, DirtyRegion& region) {
-    SDL_Surface* screen = SDL_GetWindowSurface(window.hwnd);
+    SDL_Surface* screen = SDL_GetWindowSurface(NativeWindow(window.window));
     if (!screen) return;  // no surface now: the next expose repaints
     const Rect client{0, 0, window.width, window.height};
     const bool inPlace = TakesFrameLayout(*screen, window);
-    if (inPlace && g_composedInto[window.hwnd] != screen->pixels) {
+    if (inPlace && g_composedInto[window.window] != screen->pixels) {
         region.rects[0] = client;
         region.count = 1;
-        g_composedInto[window.hwnd] = screen->pixels;
+        g_composedInto[window.window] = screen->pixels;
     }
     int count = 0;
     for (int32_t i = 0; i < region.count; ++i) {
@@ -65,7 +67,7 @@ void PaintWindow(const DisplayWindow& window, DirtyRegion& region) {
     cairo_surface_t* target =
         inPlace ? cairo_image_surface_create_for_data(static_cast<unsigned char*>(screen->pixels), CAIRO_FORMAT_RGB24,
                                                       screen->w, screen->h, screen->pitch)
-                : cairo_surface_reference(window.frameSurface);
+                : cairo_surface_reference(FrameSurface(window));
     ComposeRects(target, window, region.rects.data(), count);
     cairo_surface_destroy(target);
     SDL_Rect shown[kMaxDirtyRects];
@@ -74,7 +76,7 @@ void PaintWindow(const DisplayWindow& window, DirtyRegion& region) {
         shown[i] = {r.left, r.top, Width(r), Height(r)};
     }
     if (!inPlace) BlitFromFrame(window, screen, shown, count);
-    SDL_UpdateWindowSurfaceRects(window.hwnd, shown, count);
+    SDL_UpdateWindowSurfaceRects(NativeWindow(window.window), shown, count);
 }
 
 }  // namespace
@@ -93,7 +95,7 @@ void PaintWindows() {
     // window without a record (mid-rebuild) is validated all the same.
     for (auto& [handle, region] : g_dirt) {
         const DisplayWindow* window = FindDisplayWindow(handle);
-        if (window && window->frameSurface) PaintWindow(*window, region);
+        if (window && FrameSurface(*window)) PaintWindow(*window, region);
         region.count = 0;
     }
 }

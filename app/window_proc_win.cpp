@@ -5,13 +5,15 @@
 
 #include <vector>
 
-#include "app/display_windows.h"
+#include "app/host.h"
+#include "app/host_platform.h"
 #include "app/keyboard_guard_win.h"
 #include "app/pointer_points.h"
-#include "app/shell.h"
 #include "play/play_field.h"
 #include "play/pointer_input.h"
+#include "play/window_handle_win.h"
 #include "render/frame_buffers.h"
+#include "render/window_buffers_win.h"
 
 namespace {
 
@@ -21,16 +23,16 @@ constexpr UINT kFramePeriod = 33;      // ms
 Rect ToRect(const RECT& r) { return {r.left, r.top, r.right, r.bottom}; }
 
 void Paint(HWND hwnd) {
-    DisplayWindow* window = FindDisplayWindow(hwnd);
+    DisplayWindow* window = FindDisplayWindow(HandleOf(hwnd));
     PAINTSTRUCT paint;
     HDC dc = BeginPaint(hwnd, &paint);
     // A window without a record (mid-rebuild) or without buffers is still
     // validated, but shows nothing of its own.
-    if (window && window->frameDC) {
+    if (window && FrameDC(*window)) {
         const Rect dirty = ToRect(paint.rcPaint);
         ComposeFrame(*window, dirty);
         if (Width(dirty) > 0 && Height(dirty) > 0) {
-            BitBlt(dc, dirty.left, dirty.top, Width(dirty), Height(dirty), window->frameDC, dirty.left,
+            BitBlt(dc, dirty.left, dirty.top, Width(dirty), Height(dirty), FrameDC(*window), dirty.left,
                    dirty.top, SRCCOPY);
         }
     }
@@ -41,15 +43,13 @@ void MouseDown(HWND hwnd, LPARAM lParam) {
     // A touch arrives as WM_TOUCH; the button-down the system synthesizes
     // from it must not press a second time.
     if (IsTouchSynthesizedMouse(static_cast<uintptr_t>(GetMessageExtraInfo()))) return;
-    const DisplayWindow* window = FindDisplayWindow(hwnd);
-    if (!window) return;
-    PointerDown(ClientToPlayField(*window, MouseClientPoint(static_cast<uintptr_t>(lParam))), false);
+    PressInWindow(HandleOf(hwnd), MouseClientPoint(static_cast<uintptr_t>(lParam)), false);
 }
 
 void Touch(HWND hwnd, WPARAM wParam, LPARAM lParam) {
     const auto input = reinterpret_cast<HTOUCHINPUT>(lParam);
     const UINT count = LOWORD(wParam);
-    if (FindDisplayWindow(hwnd) && count > 0) {
+    if (FindDisplayWindow(HandleOf(hwnd)) && count > 0) {
         std::vector<TOUCHINPUT> contacts(count);
         // A batch that cannot be read is dropped.
         if (GetTouchInputInfo(input, count, contacts.data(), sizeof(TOUCHINPUT))) {
@@ -62,32 +62,21 @@ void Touch(HWND hwnd, WPARAM wParam, LPARAM lParam) {
 }
 
 void DpiChanged(HWND hwnd, LPARAM lParam) {
-    if (!FindDisplayWindow(hwnd)) return;
+    if (!FindDisplayWindow(HandleOf(hwnd))) return;
     const RECT suggested = *reinterpret_cast<const RECT*>(lParam);
     SetWindowPos(hwnd, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
 
-    DisplayWindow* window = FindDisplayWindow(hwnd);  // moving sends messages
+    DisplayWindow* window = FindDisplayWindow(HandleOf(hwnd));  // moving sends messages
     if (!window) return;
     RECT placed;
     GetWindowRect(hwnd, &placed);
-    // The virtual-screen origin itself is not read again.
-    window->screenRect = ToRect(placed);
-    window->playRect = Offset(window->screenRect, -g_virtualLeft, -g_virtualTop);
-    window->width = Width(window->screenRect);
-    window->height = Height(window->screenRect);
-    CreateWindowBuffers(*window);
-    RenderScenery(*window);
-    if (window->isMain) {
-        g_dpiScale = DpiScaleFromDpi(GetDpiForWindow(hwnd));
-        LayoutPlayField();
-    }
-    InvalidateRect(hwnd, nullptr, FALSE);
+    DisplayWindowMoved(*window, ToRect(placed));
 }
 
 void CaptureChanged(HWND gainingWindow) {
     if (g_playField.pressStartTick == 0) return;    // no press to lose
-    if (gainingWindow == g_mainWindow) return;      // our own capture
+    if (HandleOf(gainingWindow) == g_homeWindow) return;  // our own capture
     CancelPress();
 }
 
@@ -96,15 +85,13 @@ void CaptureChanged(HWND gainingWindow) {
 void DeliverTouchContacts(HWND hwnd, const TOUCHINPUT* contacts, UINT count) {
     for (UINT i = 0; i < count; ++i) {
         // Looked up afresh: a press may end play and take the windows along.
-        const DisplayWindow* window = FindDisplayWindow(hwnd);
-        if (!window) return;
+        if (!FindDisplayWindow(HandleOf(hwnd))) return;
         const Point screen = TouchScreenPixel(contacts[i].x, contacts[i].y);
         POINT client{screen.x, screen.y};
         ScreenToClient(hwnd, &client);
-        const Point point = ClientToPlayField(*window, {client.x, client.y});
         // Moves and contact ids are not used: any lifted finger ends the press.
         if (contacts[i].dwFlags & TOUCHEVENTF_DOWN) {
-            PointerDown(point, true);
+            PressInWindow(HandleOf(hwnd), {client.x, client.y}, true);
         } else if (contacts[i].dwFlags & TOUCHEVENTF_UP) {
             PointerUp();
         }
@@ -112,9 +99,15 @@ void DeliverTouchContacts(HWND hwnd, const TOUCHINPUT* contacts, UINT count) {
 }
 
 void StartTimers() {
-    if (!g_mainWindow) return;
-    SetTimer(g_mainWindow, kTopmostTimer, kTopmostPeriod, nullptr);
-    SetTimer(g_mainWindow, kFrameTimer, kFramePeriod, nullptr);
+    if (!g_homeWindow) return;
+    SetTimer(NativeWindow(g_homeWindow), kTopmostTimer, kTopmostPeriod, nullptr);
+    SetTimer(NativeWindow(g_homeWindow), kFrameTimer, kFramePeriod, nullptr);
+}
+
+void StopTimers() {
+    if (!g_homeWindow) return;
+    KillTimer(NativeWindow(g_homeWindow), kTopmostTimer);
+    KillTimer(NativeWindow(g_homeWindow), kFrameTimer);
 }
 
 void RegisterDisplayWindowClass(HINSTANCE instance) {
@@ -140,10 +133,9 @@ LRESULT CALLBACK DisplayWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARA
         RegisterTouchWindow(hwnd, 0);
         return 0;
     case WM_DESTROY:
-        if (hwnd == g_mainWindow) {
-            KillTimer(hwnd, kTopmostTimer);
-            KillTimer(hwnd, kFrameTimer);
-            PostQuitMessage(0);
+        if (HandleOf(hwnd) == g_homeWindow) {
+            StopTimers();
+            PostQuit();
         }
         return 0;
     case WM_PAINT:
@@ -172,7 +164,7 @@ LRESULT CALLBACK DisplayWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARA
         return 0;
     case WM_LBUTTONUP:
         // Not filtered: a release synthesized from touch ends nothing twice.
-        if (FindDisplayWindow(hwnd)) PointerUp();
+        ReleaseInWindow(HandleOf(hwnd));
         return 0;
     case WM_CAPTURECHANGED:
         CaptureChanged(reinterpret_cast<HWND>(lParam));

@@ -11,10 +11,6 @@ LRESULT CALLBACK DisplayWindowProc(HWND hwnd, UINT message, WPARAM wParam, LPARA
 // Registers "PuffinoWindow" with DisplayWindowProc; called once at start-up.
 void RegisterDisplayWindowClass(HINSTANCE instance);
 
-// Sets both timers on the home window, if there is one; setting a running
-// timer again restarts it.
-void StartTimers();
-
 // Hands touch contacts to the play field in array order: a contact going
 // down presses at its play-field point, one going up ends the press.
 // Separate from the message so that tests can craft contacts (the system

@@ -26,9 +26,11 @@
 #include <vector>
 
 #include "app/desktop_dpi.h"
-#include "app/display_windows.h"
+#include "app/host_platform.h"
 #include "app/keyboard_guard.h"
-#include "app/linux_shell.h"
+#include "app/shell_linux.h"
+#include "play/display_records.h"
+#include "play/window_handle_linux.h"
 
 namespace {
 
@@ -40,17 +42,17 @@ bool g_restackPending = false;
 std::vector<Rect> g_layoutAtRebuild;
 
 // The X11 window behind an SDL window; false for one of another driver.
-bool XWindowOf(SDL_Window* window, Display*& display, Window& xwindow) {
+bool XWindowOf(WindowHandle window, Display*& display, Window& xwindow) {
     if (!window) return false;
     SDL_SysWMinfo info;
     SDL_VERSION(&info.version);
-    if (!SDL_GetWindowWMInfo(window, &info) || info.subsystem != SDL_SYSWM_X11) return false;
+    if (!SDL_GetWindowWMInfo(NativeWindow(window), &info) || info.subsystem != SDL_SYSWM_X11) return false;
     display = info.info.x11.display;
     xwindow = info.info.x11.window;
     return true;
 }
 
-Window XWindowOf(SDL_Window* window) {
+Window XWindowOf(WindowHandle window) {
     Display* display = nullptr;
     Window xwindow = 0;
     return XWindowOf(window, display, xwindow) ? xwindow : 0;
@@ -58,35 +60,35 @@ Window XWindowOf(SDL_Window* window) {
 
 bool IsDisplayWindow(Window xwindow) {
     return std::any_of(g_displayWindows.begin(), g_displayWindows.end(),
-                       [xwindow](const DisplayWindow& window) { return XWindowOf(window.hwnd) == xwindow; });
+                       [xwindow](const DisplayWindow& window) { return XWindowOf(window.window) == xwindow; });
 }
 
-// The guard's key codes for the keys its rules name, from the key's
-// unshifted symbol; every other key is an ordinary one (0).
-uint32_t GuardCodeOf(KeySym symbol) {
+// The keys the guard's rules name, from the key's unshifted symbol; every
+// other key is an ordinary one.
+GuardKey KeyOf(KeySym symbol) {
     switch (symbol) {
-    case XK_Tab: return guard_keys::kTab;
-    case XK_Escape: return guard_keys::kEscape;
-    case XK_Print: return guard_keys::kSnapshot;
-    case XK_Super_L: return guard_keys::kLeftWin;
-    case XK_Super_R: return guard_keys::kRightWin;
-    case XK_Menu: return guard_keys::kApps;
-    case XK_F1: return guard_keys::kF1;
-    case XK_F4: return guard_keys::kF4;
-    default: return 0;
+    case XK_Tab: return GuardKey::kTab;
+    case XK_Escape: return GuardKey::kEscape;
+    case XK_Print: return GuardKey::kPrintScreen;
+    case XK_Super_L: return GuardKey::kLeftWindows;
+    case XK_Super_R: return GuardKey::kRightWindows;
+    case XK_Menu: return GuardKey::kMenu;
+    case XK_F1: return GuardKey::kF1;
+    case XK_F4: return GuardKey::kF4;
+    default: return GuardKey::kOther;
     }
 }
 
 // The modifiers as the server reports them held before this key: Alt is
 // Mod1 and the Windows (Super) keys Mod4 on every common keyboard map.
-DesktopKey ReadKey(const XKeyEvent& event) {
-    DesktopKey key;
-    key.down = event.type == KeyPress;
-    key.guardCode = GuardCodeOf(XkbKeycodeToKeysym(event.display, static_cast<KeyCode>(event.keycode), 0, 0));
-    key.alt = (event.state & Mod1Mask) != 0;
-    key.ctrl = (event.state & ControlMask) != 0;
-    key.shift = (event.state & ShiftMask) != 0;
-    key.gui = (event.state & Mod4Mask) != 0;
+GuardedKey ReadKey(const XKeyEvent& event) {
+    GuardedKey key;
+    key.press = event.type == KeyPress;
+    key.key = KeyOf(XkbKeycodeToKeysym(event.display, static_cast<KeyCode>(event.keycode), 0, 0));
+    key.altDown = (event.state & Mod1Mask) != 0;
+    key.ctrlDown = (event.state & ControlMask) != 0;
+    key.shiftDown = (event.state & ShiftMask) != 0;
+    key.winDown = (event.state & Mod4Mask) != 0;
     return key;
 }
 
@@ -182,12 +184,12 @@ void PumpX11Desktop() {
 
 bool OthersRestacked() { return g_restackPending; }
 
-void RaiseDisplayWindows() {
+void RaiseWindows() {
     g_restackPending = false;
     for (const DisplayWindow& window : g_displayWindows) {
         Display* display = nullptr;
         Window xwindow = 0;
-        if (XWindowOf(window.hwnd, display, xwindow)) {
+        if (XWindowOf(window.window, display, xwindow)) {
             // Override-redirect: the server restacks at once, no window
             // manager interprets the request (nor turns it into a focus
             // change).

@@ -9,7 +9,7 @@
 
 #include <filesystem>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "assets/fonts.h"
 #include "assets/penguin_images.h"
 #include "play/bubbles.h"

@@ -15,8 +15,8 @@
 #include <cstdlib>
 #include <vector>
 
-#include "app/display_windows.h"
-#include "app/shell.h"
+#include "play/display_records.h"
+#include "play/sound_bank.h"
 #include "assets/asset_paths.h"
 #include "assets/fonts.h"
 #include "assets/penguin_images.h"
@@ -87,11 +87,11 @@ void Measure(const Scene& scene, int ticks) {
     home.playRect = home.screenRect = {0, 0, scene.width, scene.height};
     home.width = scene.width;
     home.height = scene.height;
-    home.hwnd = hwnd;
-    home.isMain = true;
+    home.window = hwnd;
+    home.home = true;
     home.sceneryTheme = 0;  // the seaside: gradients, waves and clouds
     g_displayWindows = {home};
-    g_mainWindow = hwnd;
+    g_homeWindow = hwnd;
     g_virtualWidth = scene.width;
     g_virtualHeight = scene.height;
     g_dpiScale = scene.scale;
@@ -153,7 +153,7 @@ void Measure(const Scene& scene, int ticks) {
     ReleaseWindowBuffers(window);
     DestroyWindow(hwnd);
     g_displayWindows.clear();
-    g_mainWindow = nullptr;
+    g_homeWindow = nullptr;
 }
 
 }  // namespace

@@ -24,7 +24,8 @@ target_link_libraries(puffino_linux_shell_optimised PUBLIC puffino_core_optimise
                       PkgConfig::SOUND_SERVER)
 target_compile_options(puffino_linux_shell_optimised PRIVATE ${PUFFINO_WARNINGS} -O3 -DNDEBUG)
 add_executable(puffino_shipped ${PUFFINO_LINUX_ENTRY_SOURCE})
-target_link_libraries(puffino_shipped PRIVATE puffino_linux_shell_optimised)
+target_link_libraries(puffino_shipped PRIVATE
+                      "$<LINK_GROUP:RESCAN,puffino_core_optimised,puffino_linux_shell_optimised>")
 target_compile_options(puffino_shipped PRIVATE ${PUFFINO_WARNINGS} -O3 -DNDEBUG)
 # Debian's hardening: read-only relocations, bound at start.
 target_link_options(puffino_shipped PRIVATE -Wl,-z,relro -Wl,-z,now)

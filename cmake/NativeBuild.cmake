@@ -34,7 +34,9 @@ add_library(puffino_linux_shell STATIC ${PUFFINO_LINUX_SHELL_SOURCES})
 target_link_libraries(puffino_linux_shell PUBLIC puffino_core PkgConfig::SHELL PkgConfig::SOUND_SERVER)
 target_compile_options(puffino_linux_shell PRIVATE ${PUFFINO_WARNINGS})
 add_executable(puffino ${PUFFINO_LINUX_ENTRY_SOURCE})
-target_link_libraries(puffino PRIVATE puffino_linux_shell)
+# The host in the core calls the shell's platform functions and the shell
+# calls the core: the two are searched until neither lends more.
+target_link_libraries(puffino PRIVATE "$<LINK_GROUP:RESCAN,puffino_core,puffino_linux_shell>")
 # The program plays with the pose pictures and fonts of this build beside it.
 add_dependencies(puffino pose_pictures fonts)
 target_compile_options(puffino PRIVATE ${PUFFINO_WARNINGS})

@@ -40,10 +40,12 @@ endforeach()
 if(PUFFINO_LINUX_SHELL_SOURCES)
   list(REMOVE_ITEM PUFFINO_LINUX_SOURCES ${PUFFINO_LINUX_SHELL_SOURCES})
 endif()
-set(PUFFINO_LINUX_ENTRY_SOURCE "${PROJECT_SOURCE_DIR}/app/main_linux.cpp")
-list(REMOVE_ITEM PUFFINO_LINUX_SHELL_SOURCES "${PUFFINO_LINUX_ENTRY_SOURCE}")
-
-# The entry point stands apart so that test programs can link the shell
-# without it.
-set(PUFFINO_ENTRY_SOURCE "${PROJECT_SOURCE_DIR}/app/main_win.cpp")
-list(REMOVE_ITEM PUFFINO_WIN_SOURCES "${PUFFINO_ENTRY_SOURCE}")
+# The entry points and the run they start (the host's start-up, the same
+# in both editions) stand apart so that test programs can link the shell
+# and the core without them.
+set(PUFFINO_START_UP_SOURCE "${PROJECT_SOURCE_DIR}/app/start_up.cpp")
+list(REMOVE_ITEM PUFFINO_PORTABLE_SOURCES "${PUFFINO_START_UP_SOURCE}")
+list(REMOVE_ITEM PUFFINO_LINUX_SHELL_SOURCES "${PROJECT_SOURCE_DIR}/app/main_linux.cpp")
+set(PUFFINO_LINUX_ENTRY_SOURCE "${PROJECT_SOURCE_DIR}/app/main_linux.cpp" "${PUFFINO_START_UP_SOURCE}")
+list(REMOVE_ITEM PUFFINO_WIN_SOURCES "${PROJECT_SOURCE_DIR}/app/main_win.cpp")
+set(PUFFINO_ENTRY_SOURCE "${PROJECT_SOURCE_DIR}/app/main_win.cpp" "${PUFFINO_START_UP_SOURCE}")

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/play_field.h"
 #include "play/random.h"
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/platform.h"
 #include "play/play_field.h"
 #include "play/screen_areas.h"
@@ -75,11 +75,11 @@ void CollectDynamicDirty(DirtyRegion& region) {
 
 void InvalidateDirty(const DirtyRegion& region) {
     for (const DisplayWindow& window : g_displayWindows) {
-        if (!window.hwnd) continue;
+        if (!window.window) continue;
         for (int32_t i = 0; i < region.count; ++i) {
             const Rect part = Intersection(region.rects[i], window.playRect);
             if (IsEmpty(part)) continue;
-            InvalidateClientRect(window.hwnd, Offset(part, -window.playRect.left, -window.playRect.top));
+            InvalidateClientRect(window.window, Offset(part, -window.playRect.left, -window.playRect.top));
         }
     }
 }

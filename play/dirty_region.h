@@ -6,7 +6,7 @@
 #include <array>
 #include <cstdint>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 
 constexpr int32_t kMaxDirtyRects = 776;
 

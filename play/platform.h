@@ -1,14 +1,14 @@
-// What the play field needs from the operating system, as plain free
-// functions. The Win32 layer implements them (app/platform_win.cpp); the
-// native tests link a recording stand-in with a clock they set themselves.
-// Ending play (EndPlay, app/shell.h) and the pose picture sizes
-// (PoseImageSize, assets/penguin_images.h) belong to the same seam.
+// What the play field needs from the operating system and the host, as
+// plain free functions. Each edition implements them (app/platform_win.cpp,
+// app/platform_linux.cpp, EndPlay in app/host.cpp); the native tests link a
+// recording stand-in with a clock they set themselves. The pose picture
+// sizes (PoseImageSize, assets/penguin_images.h) belong to the same seam.
 #pragma once
 
 #include <cstdint>
 
-#include "app/geometry.h"
-#include "app/window_handle.h"
+#include "play/geometry.h"
+#include "play/window_handle.h"
 
 // The millisecond tick counter (wraps after 49.7 days). Read only for the
 // long press on the penguin and for spacing pop sounds.
@@ -36,3 +36,8 @@ void PlayWavImage(const uint8_t* image);
 // Marks a client rectangle of a display window for repainting, without
 // erasing the background.
 void InvalidateClientRect(WindowHandle window, const Rect& client);
+
+// Ends play: called by the finish button and by Alt+F4 through the keyboard
+// guard. A second call does nothing. Posts the quit; the teardown happens
+// when the event loop has ended.
+void EndPlay();

@@ -1,7 +1,7 @@
 // The play-field record, the layout of the home monitor and the frame tick.
 #include "play/play_field.h"
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/dirty_region.h"
 #include "play/pointer_input.h"
 #include "play/screen_areas.h"
@@ -15,7 +15,7 @@ namespace {
 // the whole virtual screen.
 Rect HomeArea() {
     for (const DisplayWindow& window : g_displayWindows) {
-        if (window.isMain) return window.playRect;
+        if (window.home) return window.playRect;
     }
     if (!g_displayWindows.empty()) return g_displayWindows.front().playRect;
     return {0, 0, g_virtualWidth, g_virtualHeight};

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "play/bubbles.h"
 
 enum ButtonKind : int32_t {

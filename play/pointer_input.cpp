@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "app/display_windows.h"
-#include "app/shell.h"
+#include "play/display_records.h"
+#include "play/sound_bank.h"
 #include "play/dirty_region.h"
 #include "play/platform.h"
 #include "play/play_field.h"
@@ -120,7 +120,7 @@ void PointerDown(Point point, bool isTouch) {
     field.pressIsTouch = isTouch;
     field.touchHeld = isTouch;
     // The release is then seen wherever the mouse goes.
-    if (!isTouch && g_mainWindow) CaptureMouse(g_mainWindow);
+    if (!isTouch && g_homeWindow) CaptureMouse(g_homeWindow);
     CollectDynamicDirty(region);  // the hint balloon hides while pressed
     InvalidateDirty(region);
 }
@@ -146,7 +146,7 @@ void CancelPress() {
     field.blowAccumulator = 0;
     field.blowCount = 0;
     field.nextBubbleGold = false;
-    if (g_mainWindow && MouseCaptureWindow() == g_mainWindow) ReleaseMouseCapture();
+    if (g_homeWindow && MouseCaptureWindow() == g_homeWindow) ReleaseMouseCapture();
     // Once the penguin has blown, the child knows: no more hint.
     if (wasBlowing) field.blownOnce = true;
 }

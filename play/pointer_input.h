@@ -3,7 +3,7 @@
 // procedure converts every message to play-field points and calls these.
 #pragma once
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 
 // A press at a play-field point: a button, else the newest bubble under it,
 // else the penguin. isTouch tells touch from the mouse. Repaints what the

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/bubbles.h"
 #include "play/play_field.h"
 #include "play/random.h"

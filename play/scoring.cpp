@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "app/shell.h"
+#include "play/sound_bank.h"
 #include "play/platform.h"
 #include "play/play_field.h"
 #include "play/pop_effects.h"

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "play/bubbles.h"
 
 // A design length (pixels at 96 dpi) times the DPI scale, rounded to the

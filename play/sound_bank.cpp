@@ -9,6 +9,7 @@
 #include "play/platform.h"
 
 SoundBank g_soundBank;
+bool g_soundEnabled = true;
 
 namespace {
 

@@ -17,6 +17,10 @@ struct SoundBank {
 
 extern SoundBank g_soundBank;
 
+// Sound on or off for this run: starts from the settings, flipped by the
+// on-screen sound button, never written back.
+extern bool g_soundEnabled;
+
 // Fills the bank; called once by start-up before any window exists. A
 // second call rebuilds the very same bank.
 void BuildSoundBank();

@@ -2,7 +2,7 @@
 // on the frame's canvas.
 #pragma once
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "play/bubbles.h"
 #include "render/canvas.h"
 

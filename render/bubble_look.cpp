@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/screen_areas.h"
 
 namespace {

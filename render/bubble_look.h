@@ -7,7 +7,7 @@
 #include <array>
 #include <cstdint>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "play/bubbles.h"
 #include "render/scenery_layout.h"  // BoxF
 

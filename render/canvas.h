@@ -17,7 +17,7 @@
 #include <variant>
 #include <vector>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "assets/penguin_images.h"
 #include "text/text_metrics.h"
 

@@ -3,12 +3,13 @@
 
 #include <algorithm>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "render/canvas_linux.h"
 #include "render/compose_frame_linux.h"
 #include "render/frame_buffers.h"
 #include "render/frame_composition.h"
 #include "render/scenery.h"
+#include "render/window_buffers_linux.h"
 
 namespace {
 
@@ -19,8 +20,8 @@ bool Usable(cairo_surface_t* surface) {
 }  // namespace
 
 void RenderScenery(DisplayWindow& window) {
-    if (!Usable(window.scenerySurface)) return;
-    cairo_t* cr = cairo_create(window.scenerySurface);
+    if (!Usable(ScenerySurface(window))) return;
+    cairo_t* cr = cairo_create(ScenerySurface(window));
     cairo_set_source_rgb(cr, (kSceneryClearColour >> 16 & 0xFF) / 255.0, (kSceneryClearColour >> 8 & 0xFF) / 255.0,
                          (kSceneryClearColour & 0xFF) / 255.0);
     cairo_paint(cr);
@@ -64,7 +65,7 @@ void ComposeArea(cairo_surface_t* scratch, const DisplayWindow& window, const Re
     // The landscape comes back first, so nothing of an earlier frame
     // survives where things have moved on.
     cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
-    cairo_set_source_surface(cr, window.scenerySurface, 0, 0);
+    cairo_set_source_surface(cr, ScenerySurface(window), 0, 0);
     cairo_rectangle(cr, area.left, area.top, Width(area), Height(area));
     cairo_fill(cr);
     cairo_set_operator(cr, CAIRO_OPERATOR_OVER);
@@ -77,7 +78,7 @@ void ComposeArea(cairo_surface_t* scratch, const DisplayWindow& window, const Re
 }  // namespace
 
 void ComposeRects(cairo_surface_t* target, const DisplayWindow& window, const Rect* rects, int count) {
-    if (!Usable(target) || !Usable(window.scenerySurface)) return;
+    if (!Usable(target) || !Usable(ScenerySurface(window))) return;
     const Rect client{0, 0, window.width, window.height};
     cairo_t* cr = cairo_create(target);
     cairo_set_operator(cr, CAIRO_OPERATOR_SOURCE);
@@ -99,4 +100,4 @@ void ComposeRects(cairo_surface_t* target, const DisplayWindow& window, const Re
     cairo_surface_flush(target);
 }
 
-void ComposeFrame(DisplayWindow& window, const Rect& dirty) { ComposeRects(window.frameSurface, window, &dirty, 1); }
+void ComposeFrame(DisplayWindow& window, const Rect& dirty) { ComposeRects(FrameSurface(window), window, &dirty, 1); }

@@ -5,7 +5,7 @@
 
 #include <cairo.h>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 
 // Composes each client rectangle in turn: the landscape back under it, then
 // the layers clipped to it. The rectangles lie inside the window; overlapping

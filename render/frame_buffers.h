@@ -2,8 +2,8 @@
 // a frame into them.
 #pragma once
 
-#include "app/display_windows.h"
-#include "app/geometry.h"
+#include "play/display_records.h"
+#include "play/geometry.h"
 
 // Opaque pale blue: the scenery's clear colour, seen only where the
 // landscape draws nothing.

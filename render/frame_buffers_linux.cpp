@@ -4,6 +4,7 @@
 #include <cairo.h>
 
 #include "render/frame_buffers.h"
+#include "render/window_buffers_linux.h"
 
 namespace {
 
@@ -16,14 +17,17 @@ void ReleaseSurface(cairo_surface_t*& surface) {
 
 void CreateWindowBuffers(DisplayWindow& window) {
     ReleaseWindowBuffers(window);
-    if (!window.hwnd || window.width < 1 || window.height < 1) return;
+    if (!window.window || window.width < 1 || window.height < 1) return;
     // A surface that cannot be made is an error surface; painting checks
     // the status and skips the window.
-    window.frameSurface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, window.width, window.height);
-    window.scenerySurface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, window.width, window.height);
+    window.buffers = std::make_shared<WindowBuffers>();
+    window.buffers->frameSurface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, window.width, window.height);
+    window.buffers->scenerySurface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, window.width, window.height);
 }
 
 void ReleaseWindowBuffers(DisplayWindow& window) {
-    ReleaseSurface(window.frameSurface);
-    ReleaseSurface(window.scenerySurface);
+    if (!window.buffers) return;
+    ReleaseSurface(window.buffers->frameSurface);
+    ReleaseSurface(window.buffers->scenerySurface);
+    window.buffers.reset();
 }

@@ -2,17 +2,18 @@
 #include <windows.h>
 
 #include "render/frame_buffers.h"
+#include "render/window_buffers_win.h"
+#include "play/window_handle_win.h"
 
 namespace {
 
-void CreateBuffer(HDC screenDC, int width, int height, HDC__*& dc, HBITMAP__*& bitmap,
-                  void*& oldBitmap) {
+void CreateBuffer(HDC screenDC, int width, int height, HDC& dc, HBITMAP& bitmap, HGDIOBJ& oldBitmap) {
     dc = CreateCompatibleDC(screenDC);
     bitmap = CreateCompatibleBitmap(screenDC, width, height);
     oldBitmap = SelectObject(dc, bitmap);
 }
 
-void ReleaseBuffer(HDC__*& dc, HBITMAP__*& bitmap, void*& oldBitmap) {
+void ReleaseBuffer(HDC& dc, HBITMAP& bitmap, HGDIOBJ& oldBitmap) {
     if (dc) {
         if (bitmap && oldBitmap) SelectObject(dc, oldBitmap);
         DeleteDC(dc);
@@ -29,19 +30,23 @@ void ReleaseBuffer(HDC__*& dc, HBITMAP__*& bitmap, void*& oldBitmap) {
 
 void CreateWindowBuffers(DisplayWindow& window) {
     ReleaseWindowBuffers(window);
-    if (!window.hwnd || window.width < 1 || window.height < 1) return;
+    if (!window.window || window.width < 1 || window.height < 1) return;
 
     // The creation calls are not checked: whatever stays null is skipped
     // by the painting.
-    HDC screenDC = GetDC(window.hwnd);
-    CreateBuffer(screenDC, window.width, window.height, window.frameDC, window.frameBitmap,
-                 window.frameOldBitmap);
-    CreateBuffer(screenDC, window.width, window.height, window.sceneryDC, window.sceneryBitmap,
-                 window.sceneryOldBitmap);
-    ReleaseDC(window.hwnd, screenDC);
+    window.buffers = std::make_shared<WindowBuffers>();
+    WindowBuffers& buffers = *window.buffers;
+    HDC screenDC = GetDC(NativeWindow(window.window));
+    CreateBuffer(screenDC, window.width, window.height, buffers.frameDC, buffers.frameBitmap, buffers.frameOldBitmap);
+    CreateBuffer(screenDC, window.width, window.height, buffers.sceneryDC, buffers.sceneryBitmap,
+                 buffers.sceneryOldBitmap);
+    ReleaseDC(NativeWindow(window.window), screenDC);
 }
 
 void ReleaseWindowBuffers(DisplayWindow& window) {
-    ReleaseBuffer(window.frameDC, window.frameBitmap, window.frameOldBitmap);
-    ReleaseBuffer(window.sceneryDC, window.sceneryBitmap, window.sceneryOldBitmap);
+    if (!window.buffers) return;
+    WindowBuffers& buffers = *window.buffers;
+    ReleaseBuffer(buffers.frameDC, buffers.frameBitmap, buffers.frameOldBitmap);
+    ReleaseBuffer(buffers.sceneryDC, buffers.sceneryBitmap, buffers.sceneryOldBitmap);
+    window.buffers.reset();
 }

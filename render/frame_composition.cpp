@@ -1,7 +1,7 @@
 // The layers of a frame over the canvas.
 #include "render/frame_composition.h"
 
-#include "app/shell.h"
+#include "play/sound_bank.h"
 #include "play/play_field.h"
 #include "play/screen_areas.h"
 #include "render/bubble_drawing.h"
@@ -55,6 +55,6 @@ void DrawFrameLayers(Canvas& canvas, const DisplayWindow& window, const Rect& di
 
     DrawBubbles(canvas, clip, false);
     DrawPopEffects(canvas, clip);  // each ring and droplet is tested on its own
-    if (window.isMain) DrawHomeLayers(canvas, clip);
+    if (window.home) DrawHomeLayers(canvas, clip);
     DrawBubbles(canvas, clip, true);
 }

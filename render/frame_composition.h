@@ -3,7 +3,7 @@
 // labels, then the bubbles the penguin blew.
 #pragma once
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "render/canvas.h"
 
 // Draws the window's layers for its dirty client rectangle, in play-field

@@ -1,7 +1,7 @@
 // The home window's buttons and instruction pill as the frame shows them.
 #include "render/frame_layers.h"
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/play_field.h"
 #include "settings/language.h"
 #include "settings/texts.h"

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "render/canvas.h"
 #include "render/scenery_layout.h"
 

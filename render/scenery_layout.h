@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 
 enum class SceneryTheme : uint32_t {
     Seaside = 0,      // sea with rows of wave crests, two clouds, sun at the right

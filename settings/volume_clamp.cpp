@@ -2,13 +2,16 @@
 // never raises it, never restores it.
 #include "settings/volume_clamp.h"
 
-#include "app/shell.h"
+#include "settings/config_values.h"
 #include "settings/master_volume.h"
 
+int32_t g_volumeClampPercent = 0;
+
 void ClampMasterVolume() {
-    const float ceiling = g_volumeClampLevel;
-    // Outside (0, 1] there is no clamp, and no audio object is ever made.
-    if (!(ceiling > 0.0f && ceiling <= 1.0f)) return;
+    const int32_t percent = ClampVolumePercent(g_volumeClampPercent);
+    // Without a ceiling no audio object is ever made.
+    if (percent == 0) return;
+    const auto ceiling = static_cast<float>(percent / 100.0);
     MasterVolume* volume = OpenMasterVolume();
     // No device now: the next topmost tick tries again, so a device plugged
     // in later is clamped within 1.5 s.

@@ -12,7 +12,8 @@ set(HARNESS_ENVIRONMENT
 
 add_test(NAME unit.core COMMAND unit_tests)
 add_test(NAME unit.core_sanitized COMMAND unit_tests_sanitized)
-set_tests_properties(unit.core unit.core_sanitized PROPERTIES LABELS unit TIMEOUT 300)
+add_test(NAME unit.host COMMAND host_tests)
+set_tests_properties(unit.core unit.core_sanitized unit.host PROPERTIES LABELS unit TIMEOUT 300)
 
 # One freshly booted prefix per test run; every Wine session copies it.
 add_test(NAME wine.prefix COMMAND ${Python3_EXECUTABLE} ${HARNESS_DIR}/prepare_prefix.py)

@@ -3,7 +3,7 @@
 
 #include <ostream>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 
 inline void PrintTo(const Point& p, std::ostream* os) { *os << "(" << p.x << ", " << p.y << ")"; }
 

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <string>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "render/scenery_layout.h"  // PointF and BoxF, shared with the scenery
 #include "text/text_metrics.h"
 

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "render/canvas.h"
 
 // One button in its rectangle. The colours are references (red in the low

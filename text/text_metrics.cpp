@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 
 // std::round rounds halves away from zero, as every design size does.
 float OutlinedTextEm(int32_t baseEm, float scale) {

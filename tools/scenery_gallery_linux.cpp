@@ -9,6 +9,7 @@
 #include <string>
 
 #include "render/frame_buffers.h"
+#include "render/window_buffers_linux.h"
 #include "render/scenery_layout.h"
 
 int main(int argc, char** argv) {
@@ -23,12 +24,13 @@ int main(int argc, char** argv) {
             window.width = width;
             window.height = height;
             window.sceneryTheme = theme;
-            window.scenerySurface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
+            window.buffers = std::make_shared<WindowBuffers>();
+            window.buffers->scenerySurface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
             RenderScenery(window);
             const std::string file = std::string(argv[1]) + "/" + themes[theme] + "-" + std::to_string(width) +
                                      "x" + std::to_string(height) + ".png";
-            if (cairo_surface_write_to_png(window.scenerySurface, file.c_str()) != CAIRO_STATUS_SUCCESS) ++failures;
-            cairo_surface_destroy(window.scenerySurface);
+            if (cairo_surface_write_to_png(ScenerySurface(window), file.c_str()) != CAIRO_STATUS_SUCCESS) ++failures;
+            cairo_surface_destroy(ScenerySurface(window));
         }
     }
     return failures == 0 ? 0 : 1;

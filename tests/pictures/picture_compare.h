@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 
 // 0xAARRGGBB pixels, row by row.
 struct Picture {

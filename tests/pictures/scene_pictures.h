@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "tests/pictures/picture_compare.h"
 
 // Where the references are, where the pictures and difference maps of a run

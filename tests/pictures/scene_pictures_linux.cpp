@@ -8,6 +8,7 @@
 #include "assets/penguin_images.h"
 #include "render/canvas_linux.h"
 #include "render/frame_buffers.h"
+#include "render/window_buffers_linux.h"
 #include "render/frame_composition.h"
 #include "render/scenery.h"
 #include "tests/pictures/scene_pictures.h"
@@ -16,7 +17,7 @@
 
 namespace {
 
-cairo_surface_t* Frame(size_t window) { return g_displayWindows[window].frameSurface; }
+cairo_surface_t* Frame(size_t window) { return FrameSurface(g_displayWindows[window]); }
 
 void CopyAll(cairo_surface_t* from, cairo_surface_t* to) {
     cairo_t* cr = cairo_create(to);
@@ -49,10 +50,10 @@ void ReportPoseSizes() {
 void MakeWindowBuffers(bool plainBackground) {
     for (DisplayWindow& window : g_displayWindows) {
         // Buffers are made only for a window that exists.
-        window.hwnd = FakeWindow(static_cast<uintptr_t>(&window - g_displayWindows.data()) + 1);
+        window.window = FakeWindow(static_cast<uintptr_t>(&window - g_displayWindows.data()) + 1);
         CreateWindowBuffers(window);
         if (plainBackground) {
-            cairo_t* cr = cairo_create(window.scenerySurface);
+            cairo_t* cr = cairo_create(ScenerySurface(window));
             cairo_set_source_rgb(cr, (kPlainBackground >> 16 & 0xFF) / 255.0,
                                  (kPlainBackground >> 8 & 0xFF) / 255.0, (kPlainBackground & 0xFF) / 255.0);
             cairo_paint(cr);
@@ -60,7 +61,7 @@ void MakeWindowBuffers(bool plainBackground) {
         } else {
             RenderScenery(window);
         }
-        CopyAll(window.scenerySurface, window.frameSurface);
+        CopyAll(ScenerySurface(window), FrameSurface(window));
     }
 }
 

@@ -7,6 +7,7 @@
 #include "assets/fonts.h"
 #include "assets/penguin_images.h"
 #include "render/frame_buffers.h"
+#include "render/window_buffers_win.h"
 #include "tests/pictures/scene_pictures.h"
 #include "tests/pictures/scenes.h"
 #include "tests/wine/gdiplus_test_support_win.h"
@@ -17,11 +18,13 @@ namespace {
 // reads directly.
 struct Buffers {
     explicit Buffers(DisplayWindow& window) : window(window) {
-        frame = Make(window.frameDC, window.frameBitmap, window.frameOldBitmap);
-        scenery = Make(window.sceneryDC, window.sceneryBitmap, window.sceneryOldBitmap);
+        window.buffers = std::make_shared<WindowBuffers>();
+        WindowBuffers& buffers = *window.buffers;
+        frame = Make(buffers.frameDC, buffers.frameBitmap, buffers.frameOldBitmap);
+        scenery = Make(buffers.sceneryDC, buffers.sceneryBitmap, buffers.sceneryOldBitmap);
     }
     ~Buffers() { ::ReleaseWindowBuffers(window); }
-    uint32_t* Make(HDC__*& dc, HBITMAP__*& bitmap, void*& old) {
+    uint32_t* Make(HDC& dc, HBITMAP& bitmap, HGDIOBJ& old) {
         BITMAPINFO info{};
         info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
         info.bmiHeader.biWidth = window.width;
@@ -58,7 +61,7 @@ void MakeWindowBuffers(bool plainBackground) {
             RenderScenery(window);
         }
         GdiFlush();
-        BitBlt(window.frameDC, 0, 0, window.width, window.height, window.sceneryDC, 0, 0, SRCCOPY);
+        BitBlt(FrameDC(window), 0, 0, window.width, window.height, SceneryDC(window), 0, 0, SRCCOPY);
     }
 }
 

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "app/display_windows.h"
-#include "app/shell.h"
+#include "play/display_records.h"
+#include "play/sound_bank.h"
 #include "play/bubbles.h"
 #include "play/play_field.h"
 #include "play/pop_effects.h"
@@ -168,7 +168,7 @@ void StageScene(const Scene& scene) {
         window.width = Width(w.playRect);
         window.height = Height(w.playRect);
         window.sceneryTheme = w.theme;
-        window.isMain = w.isMain;
+        window.home = w.home;
         g_displayWindows.push_back(window);
         all = Union(all, w.playRect);
     }

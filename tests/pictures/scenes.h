@@ -10,13 +10,13 @@
 #include <string>
 #include <vector>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "settings/language.h"
 
 struct SceneWindow {
     Rect playRect;
     uint32_t theme = 0;
-    bool isMain = false;
+    bool home = false;
 };
 
 struct Scene {

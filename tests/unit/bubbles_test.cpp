@@ -8,7 +8,7 @@
 #include <cmath>
 #include <set>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/bubbles.h"
 #include "play/play_field.h"
 #include "play/pop_effects.h"

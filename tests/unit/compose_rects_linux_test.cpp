@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "render/compose_frame_linux.h"
+#include "render/window_buffers_linux.h"
 #include "tests/pictures/scene_pictures.h"
 #include "tests/pictures/scenes.h"
 
@@ -63,12 +64,12 @@ TEST(ComposeRects, TileByTileEqualsTheWholeFrame) {
     MakeWindowBuffers(scene.plainBackground);
     for (const DisplayWindow& window : g_displayWindows) {
         const Rect whole{0, 0, window.width, window.height};
-        ComposeRects(window.frameSurface, window, &whole, 1);
+        ComposeRects(FrameSurface(window), window, &whole, 1);
         // Black to begin with: whatever a tile leaves unpainted shows.
         cairo_surface_t* tiled = cairo_image_surface_create(CAIRO_FORMAT_RGB24, window.width, window.height);
         const std::vector<Rect> tiles = Tiles(window.width, window.height);
         ComposeRects(tiled, window, tiles.data(), static_cast<int>(tiles.size()));
-        EXPECT_TRUE(SamePixels(window.frameSurface, tiled, window.width, window.height)) << "window " << window.isMain;
+        EXPECT_TRUE(SamePixels(FrameSurface(window), tiled, window.width, window.height)) << "window " << window.home;
         cairo_surface_destroy(tiled);
     }
     ReleaseWindowBuffers();

@@ -2,8 +2,8 @@
 // tests and benchmarks in place of the Win32 layer.
 #include "tests/unit/fake_platform.h"
 
-#include "app/display_windows.h"
-#include "app/shell.h"
+#include "play/display_records.h"
+#include "play/sound_bank.h"
 #include "play/platform.h"
 #include "play/play_field.h"
 #include "play/random.h"
@@ -39,8 +39,8 @@ void ResetWorld(uint32_t seed) {
     home.playRect = home.screenRect = {0, 0, 1920, 1080};
     home.width = 1920;
     home.height = 1080;
-    home.hwnd = g_mainWindow = FakeWindow(1);
-    home.isMain = true;
+    home.window = g_homeWindow = FakeWindow(1);
+    home.home = true;
     g_displayWindows = {home};
     g_virtualLeft = g_virtualTop = 0;
     g_virtualWidth = 1920;

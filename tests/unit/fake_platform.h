@@ -8,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "app/geometry.h"
-#include "app/window_handle.h"
+#include "play/geometry.h"
+#include "play/window_handle.h"
 #include "assets/penguin_images.h"
 
 struct Invalidation {

@@ -3,7 +3,7 @@
 // reference pictures' part).
 #include <gtest/gtest.h>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/play_field.h"
 #include "render/frame_layers.h"
 #include "settings/language.h"

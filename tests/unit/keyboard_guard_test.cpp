@@ -7,9 +7,10 @@
 
 namespace {
 
-using namespace guard_keys;
+using enum GuardKey;
 
 enum Mods : unsigned { kNone = 0, kAlt = 1, kCtrl = 2, kShift = 4, kWin = 8 };
+enum Flags : unsigned { kPlain = 0, kExtended = 1, kUp = 2 };
 
 enum Outcome {
     kPassed,
@@ -18,11 +19,11 @@ enum Outcome {
     kReportedOrSwallowed,  // reported; swallowed should the post fail
 };
 
-GuardedKey Press(uint32_t vk, unsigned mods, uint32_t flags = 0, uint32_t message = kKeyDown) {
+GuardedKey Press(GuardKey k, unsigned mods, unsigned flags = kPlain) {
     GuardedKey key;
-    key.message = message;
-    key.vkCode = vk;
-    key.flags = flags;
+    key.key = k;
+    key.extended = flags & kExtended;
+    key.flaggedUp = flags & kUp;
     key.altDown = mods & kAlt;
     key.ctrlDown = mods & kCtrl;
     key.shiftDown = mods & kShift;
@@ -30,37 +31,37 @@ GuardedKey Press(uint32_t vk, unsigned mods, uint32_t flags = 0, uint32_t messag
     return key;
 }
 
-GuardedKey NoAction(GuardedKey key) {
-    key.isAction = false;
+GuardedKey Release(GuardedKey key) {
+    key.press = false;
     return key;
 }
 
 TEST(KeyboardGuard, KeyTableWithAndWithoutAReportTarget) {
-    constexpr uint32_t kA = 'A', kSeven = '7', kLeft = 37, kLeftAlt = 164;
+    constexpr GuardKey kA = kOther, kSeven = kOther, kLeft = kOther, kLeftAlt = kOther;
     const struct {
         const char* keys;
         GuardedKey key;
         Outcome outcome;
     } cases[] = {
-        {"left Windows key", Press(kLeftWin, kNone), kSwallowed},
-        {"right Windows key", Press(kRightWin, kWin, kExtendedFlag), kSwallowed},
-        {"Applications key", Press(kApps, kNone, kExtendedFlag), kSwallowed},
+        {"left Windows key", Press(kLeftWindows, kNone), kSwallowed},
+        {"right Windows key", Press(kRightWindows, kWin, kExtended), kSwallowed},
+        {"Applications key", Press(kMenu, kNone, kExtended), kSwallowed},
         {"Ctrl+Shift+Esc", Press(kEscape, kCtrl | kShift), kSwallowed},
         {"Ctrl+Shift+A", Press(kA, kCtrl | kShift), kSwallowed},
         {"Ctrl+Esc", Press(kEscape, kCtrl), kSwallowed},
-        {"Alt+Tab", Press(kTab, kAlt, 0, kSysKeyDown), kSwallowed},
-        {"Alt+A", Press(kA, kAlt, 0, kSysKeyDown), kSwallowed},
-        {"Alt+7", Press(kSeven, kAlt, 0, kSysKeyDown), kSwallowed},
-        {"Alt itself (flag only, as Windows marks it)", Press(kLeftAlt, kAlt, kAltDownFlag), kSwallowed},
-        {"Alt+F4", Press(kF4, kAlt, kAltDownFlag, kSysKeyDown), kReported},
-        {"Alt+F1", Press(kF1, kAlt, 0, kSysKeyDown), kReported},
+        {"Alt+Tab", Press(kTab, kAlt), kSwallowed},
+        {"Alt+A", Press(kA, kAlt), kSwallowed},
+        {"Alt+7", Press(kSeven, kAlt), kSwallowed},
+        {"Alt itself", Press(kLeftAlt, kAlt), kSwallowed},
+        {"Alt+F4", Press(kF4, kAlt), kReported},
+        {"Alt+F1", Press(kF1, kAlt), kReported},
         {"Ctrl+Shift+Alt+F4", Press(kF4, kAlt | kCtrl | kShift), kReportedOrSwallowed},
-        {"Print Screen", Press(kSnapshot, kNone), kReported},
-        {"Alt+Print Screen", Press(kSnapshot, kAlt), kReported},
-        {"Print Screen, extended", Press(kSnapshot, kNone, kExtendedFlag), kPassed},
-        {"Alt+Print Screen, extended", Press(kSnapshot, kAlt, kExtendedFlag), kPassed},
-        {"Ctrl+Shift+Print Screen, extended", Press(kSnapshot, kCtrl | kShift, kExtendedFlag), kSwallowed},
-        {"Alt+F4, extended", Press(kF4, kAlt, kExtendedFlag), kPassed},
+        {"Print Screen", Press(kPrintScreen, kNone), kReported},
+        {"Alt+Print Screen", Press(kPrintScreen, kAlt), kReported},
+        {"Print Screen, extended", Press(kPrintScreen, kNone, kExtended), kPassed},
+        {"Alt+Print Screen, extended", Press(kPrintScreen, kAlt, kExtended), kPassed},
+        {"Ctrl+Shift+Print Screen, extended", Press(kPrintScreen, kCtrl | kShift, kExtended), kSwallowed},
+        {"Alt+F4, extended", Press(kF4, kAlt, kExtended), kPassed},
         {"Win+Tab", Press(kTab, kWin), kSwallowed},
         {"Win+Alt+Tab", Press(kTab, kWin | kAlt), kSwallowed},
         {"plain F4", Press(kF4, kNone), kPassed},
@@ -68,12 +69,12 @@ TEST(KeyboardGuard, KeyTableWithAndWithoutAReportTarget) {
         {"plain Tab", Press(kTab, kNone), kPassed},
         {"Shift+Esc", Press(kEscape, kShift), kPassed},
         {"a letter", Press(kA, kNone), kPassed},
-        {"an arrow", Press(kLeft, kNone, kExtendedFlag), kPassed},
-        {"Print Screen down flagged up", Press(kSnapshot, kNone, kUpFlag), kPassed},
-        {"release of the Windows key", Press(kLeftWin, kWin, kUpFlag, kKeyUp), kPassed},
-        {"release of F4 with Alt", Press(kF4, kAlt, kUpFlag, kSysKeyUp), kPassed},
-        {"release of a letter with Ctrl+Shift", Press(kA, kCtrl | kShift, kUpFlag, kKeyUp), kPassed},
-        {"a call that is no key action", NoAction(Press(kLeftWin, kCtrl | kShift | kAlt)), kPassed},
+        {"an arrow", Press(kLeft, kNone, kExtended), kPassed},
+        {"Print Screen down flagged up", Press(kPrintScreen, kNone, kUp), kPassed},
+        {"release of the Windows key", Release(Press(kLeftWindows, kWin, kUp)), kPassed},
+        {"release of F4 with Alt", Release(Press(kF4, kAlt, kUp)), kPassed},
+        {"release of a letter with Ctrl+Shift", Release(Press(kA, kCtrl | kShift, kUp)), kPassed},
+        {"a release with every modifier", Release(Press(kLeftWindows, kCtrl | kShift | kAlt)), kPassed},
     };
     for (const auto& c : cases) {
         const bool reported = c.outcome == kReported || c.outcome == kReportedOrSwallowed;

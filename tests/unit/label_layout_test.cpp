@@ -3,7 +3,7 @@
 // the reference pictures' part.)
 #include <gtest/gtest.h>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/play_field.h"
 #include "settings/language.h"
 #include "tests/unit/fake_platform.h"

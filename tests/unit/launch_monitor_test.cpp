@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "app/display_windows.h"
+#include "app/launch_monitor.h"
 #include "tests/printers.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <numbers>
 #include <vector>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/play_field.h"
 #include "render/penguin_motion.h"
 #include "render/pose_placement.h"

@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "play/dirty_region.h"
 #include "play/play_field.h"
 #include "play/screen_areas.h"
@@ -43,7 +43,7 @@ TEST(Layout, ButtonsAndPenguinOnTheHomeMonitor) {
     // The home window need not be the first; without one the first is home.
     ResetWorld();
     g_displayWindows.insert(g_displayWindows.begin(), g_displayWindows[0]);
-    g_displayWindows[0].isMain = false;
+    g_displayWindows[0].home = false;
     g_displayWindows[1].playRect = {1920, 200, 2420, 600};
     LayoutPlayField();
     EXPECT_EQ(g_playField.penguinBox, (Rect{2137, 234, 2347, 474}));
@@ -51,7 +51,7 @@ TEST(Layout, ButtonsAndPenguinOnTheHomeMonitor) {
     EXPECT_EQ(HintBalloonArea(), (Rect{1920, 204, 2177, 504})) << "kept on the home monitor";
     EXPECT_EQ(ScorePanelArea(), (Rect{1920, 200, 2420, 390})) << "520 x 190 at the top right, on the home monitor";
     EXPECT_EQ(InstructionPillArea(), (Rect{1920, 200, 2420, 320})) << "760 x 120 at the top left, likewise";
-    g_displayWindows[1].isMain = false;
+    g_displayWindows[1].home = false;
     g_virtualWidth = 2420;  // the virtual screen is home only without windows
     LayoutPlayField();
     EXPECT_EQ(g_playField.homeRect, (Rect{0, 0, 1920, 1080}));
@@ -172,9 +172,9 @@ TEST(DirtyRegion, EachWindowGetsItsPartInItsClientCoordinates) {
     ResetWorld();
     g_displayWindows.push_back(g_displayWindows[0]);
     g_displayWindows[1].playRect = {1920, 0, 3200, 1024};
-    g_displayWindows[1].hwnd = FakeWindow(2);
+    g_displayWindows[1].window = FakeWindow(2);
     g_displayWindows.push_back(g_displayWindows[1]);
-    g_displayWindows[2].hwnd = nullptr;  // a window that could not be made
+    g_displayWindows[2].window = nullptr;  // a window that could not be made
     DirtyRegion region;
     AddDirtyRect(region, {1900, 1000, 1950, 1060});
     AddDirtyRect(region, {3300, 0, 3400, 10});  // off every monitor

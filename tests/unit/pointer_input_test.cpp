@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/display_windows.h"
-#include "app/shell.h"
+#include "play/display_records.h"
+#include "play/sound_bank.h"
 #include "play/play_field.h"
 #include "play/pointer_input.h"
 #include "play/sound_bank.h"
@@ -40,7 +40,7 @@ protected:
 TEST_F(PointerInput, HoldingThePenguinBlowsAStreamUntilReleased) {
     Press();
     EXPECT_EQ(g_playField.pressStartTick, g_fake.now);
-    EXPECT_EQ(g_fake.capture, g_mainWindow) << "the release must reach us wherever the mouse goes";
+    EXPECT_EQ(g_fake.capture, g_homeWindow) << "the release must reach us wherever the mouse goes";
     EXPECT_FALSE(g_fake.invalidated.empty()) << "the hint balloon hides while pressed";
     Tick(9);  // 297 ms
     EXPECT_TRUE(!g_playField.blowing && Blown() == 0);
@@ -58,7 +58,7 @@ TEST_F(PointerInput, HoldingThePenguinBlowsAStreamUntilReleased) {
         if (b.fromPenguin) EXPECT_NEAR(b.x, g_playField.mouthX, 90 + 25 * 1.8) << "from the mouth, swayed";
     }
     Press();  // pressing again while blowing starts afresh
-    EXPECT_TRUE(g_playField.blownOnce && !g_playField.blowing && g_fake.capture == g_mainWindow);
+    EXPECT_TRUE(g_playField.blownOnce && !g_playField.blowing && g_fake.capture == g_homeWindow);
     g_fake.invalidated.clear();
     Release();
     EXPECT_TRUE(g_playField.pressStartTick == 0 && g_fake.capture == nullptr && !g_fake.invalidated.empty());
@@ -82,7 +82,7 @@ TEST_F(PointerInput, HoldsEndWithTheirOwnButtonOrFinger) {
     for (const auto& c : cases) {
         SetUp();
         Press(c.touch);
-        EXPECT_EQ(g_fake.capture, c.touch ? nullptr : g_mainWindow) << c.name << ": only the mouse is captured";
+        EXPECT_EQ(g_fake.capture, c.touch ? nullptr : g_homeWindow) << c.name << ": only the mouse is captured";
         g_fake.leftButtonDown = c.mouseButtonDown;
         Tick(6);
         if (c.releasedAt200) Release();

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <set>
 
-#include "app/shell.h"
+#include "play/sound_bank.h"
 #include "play/play_field.h"
 #include "play/random.h"
 #include "play/scoring.h"

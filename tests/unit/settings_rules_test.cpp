@@ -13,7 +13,6 @@
 #include <utility>
 #include <vector>
 
-#include "app/shell.h"
 #include "assets/file_paths.h"
 #include "settings/config_values.h"
 #include "settings/high_score.h"
@@ -100,7 +99,7 @@ TEST(VolumeClamp, LowersNeverRaisesAndOpensNothingWithoutACeiling) {
         {"at the ceiling stays", 35, true, true, 0.35f, 1, {}},
         {"1 % ceiling", 1, true, true, 0.5f, 1, {0.01f}},
         {"no ceiling", 0, true, true, 0.80f, 0, {}},
-        {"ceiling out of range", 101, true, true, 0.80f, 0, {}},
+        {"ceiling above 100 % counts as 100 %", 101, true, true, 0.80f, 1, {}},
         {"no playback device", 35, false, true, 0.80f, 1, {}},
         {"level unreadable", 35, true, false, 0.80f, 1, {}},
     };
@@ -109,13 +108,13 @@ TEST(VolumeClamp, LowersNeverRaisesAndOpensNothingWithoutACeiling) {
         g_fakeEndpoint.present = c.present;
         g_fakeEndpoint.readable = c.readable;
         g_fakeEndpoint.level = c.level;
-        g_volumeClampLevel = VolumeClampLevel(c.percent);
+        g_volumeClampPercent = c.percent;
         ClampMasterVolume();
         EXPECT_EQ(g_fakeEndpoint.openAttempts, c.openAttempts) << c.what;
         EXPECT_EQ(g_fakeEndpoint.sets, c.sets) << c.what;
         EXPECT_EQ(g_fakeEndpoint.closed, g_fakeEndpoint.opened) << c.what << ": released within the call";
     }
-    g_volumeClampLevel = -1.0f;
+    g_volumeClampPercent = 0;
 }
 
 TEST(BestScore, LeadingPositiveNumberElseZero) {
@@ -149,17 +148,12 @@ TEST(BestScore, SavedReadBackAndZeroWithoutAFile) {
     EXPECT_EQ(g_bestScore, 0);
 }
 
-TEST(VolumeCeiling, FromTheNumberReadThroughTheClamp) {
-    // The number config.ini gives (a word reads as 0) held to 0..100, then
-    // the ceiling: no clamp for 0.
-    const struct { int32_t read; int32_t percent; float level; } cases[] = {
-        {150, 100, 1.0f}, {-5, 0, -1.0f}, {0, 0, -1.0f}, {35, 35, 0.35f}, {100, 100, 1.0f},
-        {2147483647, 100, 1.0f}, {-2147483647 - 1, 0, -1.0f}, {101, 100, 1.0f}, {-1, 0, -1.0f},
+TEST(VolumeCeiling, TheNumberReadHeldTo0To100) {
+    // The number config.ini gives (a word reads as 0): no clamp for 0.
+    const struct { int32_t read; int32_t percent; } cases[] = {
+        {150, 100}, {-5, 0}, {0, 0}, {35, 35}, {100, 100}, {2147483647, 100}, {-2147483647 - 1, 0}, {101, 100}, {-1, 0},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(ClampVolumePercent(c.read), c.percent) << c.read;
-        EXPECT_FLOAT_EQ(VolumeClampLevel(ClampVolumePercent(c.read)), c.level) << c.read;
-    }
+    for (const auto& c : cases) EXPECT_EQ(ClampVolumePercent(c.read), c.percent) << c.read;
 }
 
 }  // namespace

@@ -2,11 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "app/desktop_dpi.h"
-#include "app/display_windows.h"
+#include "play/display_records.h"
 #include "app/instance_lock.h"
 #include "app/pointer_points.h"
 #include "app/repeating_timer.h"
-#include "app/shell.h"
 #include "tests/printers.h"
 #include "tests/unit/fake_platform.h"
 
@@ -95,8 +94,8 @@ TEST(PlayFieldPoints, ClientPointsShiftByTheWindowsPlayRect) {
     DisplayWindow left, primary;
     left.playRect = {0, 0, 1920, 1080};
     primary.playRect = {1920, 0, 3840, 1080};
-    left.hwnd = FakeWindow(1);
-    primary.hwnd = FakeWindow(2);
+    left.window = FakeWindow(1);
+    primary.window = FakeWindow(2);
     g_displayWindows = {left, primary};
 
     const DisplayWindow* found = FindDisplayWindow(FakeWindow(2));

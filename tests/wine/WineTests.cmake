@@ -24,8 +24,12 @@ puffino_wine_tests(shell_tests
   ${CMAKE_CURRENT_LIST_DIR}/shell_tests.cpp
   ${CMAKE_CURRENT_LIST_DIR}/shell_fakes.cpp
   ${SHELL_SOURCES}
+  ${PROJECT_SOURCE_DIR}/play/display_records.cpp
   ${PROJECT_SOURCE_DIR}/play/random.cpp
-  ${PROJECT_SOURCE_DIR}/render/frame_buffers_win.cpp)
+  ${PROJECT_SOURCE_DIR}/render/frame_buffers_win.cpp
+  ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
+  ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp
+  ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp)
 
 puffino_wine_tests(resources_tests
   ${CMAKE_CURRENT_LIST_DIR}/resources_tests.cpp
@@ -46,8 +50,7 @@ puffino_wine_tests(settings_tests
   ${CMAKE_CURRENT_LIST_DIR}/settings_tests.cpp
   ${SETTINGS_SOURCES}
   ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp
-  ${PROJECT_SOURCE_DIR}/assets/whole_file_win.cpp
-  ${PROJECT_SOURCE_DIR}/app/shell.cpp)
+  ${PROJECT_SOURCE_DIR}/assets/whole_file_win.cpp)
 
 # The pose pictures' loading with its fallbacks and their clean-up.
 set(POSE_LOADER_SOURCES

@@ -6,7 +6,7 @@
 #include <ostream>
 #include <vector>
 
-#include "app/geometry.h"
+#include "play/geometry.h"
 #include "tests/printers.h"
 
 struct Press {

@@ -10,12 +10,15 @@
 #include <functional>
 #include <vector>
 
-#include "app/display_windows.h"
+#include "app/host.h"
+#include "app/host_platform.h"
 #include "app/keyboard_guard_win.h"
-#include "app/shell.h"
 #include "app/shell_win.h"
 #include "app/window_proc_win.h"
+#include "play/display_records.h"
 #include "play/play_field.h"
+#include "play/window_handle_win.h"
+#include "render/window_buffers_win.h"
 #include "tests/wine/shell_fakes.h"
 
 namespace {
@@ -100,7 +103,7 @@ protected:
 
     void TearDown() override {
         RemoveKeyboardGuard();
-        g_mainWindow = nullptr;
+        g_homeWindow = nullptr;
         DestroyDisplayWindows();
         g_shortcutTarget = nullptr;
         TakeQuit();
@@ -120,7 +123,7 @@ TEST_F(TwoMonitors, ClicksReachThePlayFieldAtTheirPoint) {
 }
 
 TEST_F(TwoMonitors, TouchContactsPressAtTheirPlayFieldPoint) {
-    const HWND right = RecordAt(1920, 0)->hwnd;
+    const HWND right = NativeWindow(RecordAt(1920, 0)->window);
     const TOUCHINPUT contacts[] = {
         Contact(2000 * 100 + 99, 500 * 100, TOUCHEVENTF_DOWN),  // 2000.99 px
         Contact(2100 * 100, 600 * 100, TOUCHEVENTF_MOVE),         // moves are not used
@@ -138,57 +141,57 @@ TEST_F(TwoMonitors, TouchContactsPressAtTheirPlayFieldPoint) {
 }
 
 TEST_F(TwoMonitors, LosingTheCaptureCancelsOnlyAPress) {
-    const auto other = reinterpret_cast<LPARAM>(RecordAt(1920, 0)->hwnd);
-    const auto home = reinterpret_cast<LPARAM>(g_mainWindow);
+    const auto other = reinterpret_cast<LPARAM>(RecordAt(1920, 0)->window);
+    const auto home = reinterpret_cast<LPARAM>(g_homeWindow);
     g_calls = ShellCalls{};
 
     g_playField.pressStartTick = 0;
-    SendMessageW(g_mainWindow, WM_CAPTURECHANGED, 0, other);
+    SendMessageW(NativeWindow(g_homeWindow), WM_CAPTURECHANGED, 0, other);
     EXPECT_EQ(g_calls.cancels, 0) << "no press in progress";
 
     g_playField.pressStartTick = 1234;
-    SendMessageW(g_mainWindow, WM_CAPTURECHANGED, 0, home);
+    SendMessageW(NativeWindow(g_homeWindow), WM_CAPTURECHANGED, 0, home);
     EXPECT_EQ(g_calls.cancels, 0) << "the home window took the capture itself";
-    SendMessageW(g_mainWindow, WM_CAPTURECHANGED, 0, other);
-    SendMessageW(g_mainWindow, WM_CAPTURECHANGED, 0, 0);
+    SendMessageW(NativeWindow(g_homeWindow), WM_CAPTURECHANGED, 0, other);
+    SendMessageW(NativeWindow(g_homeWindow), WM_CAPTURECHANGED, 0, 0);
     EXPECT_EQ(g_calls.cancels, 2);
 }
 
 TEST_F(TwoMonitors, DpiChangeResizesOneWindow) {
     DisplayWindow* right = const_cast<DisplayWindow*>(RecordAt(1920, 0));
     const uint32_t theme = right->sceneryTheme;
-    const HDC oldFrame = right->frameDC;
+    const HDC oldFrame = FrameDC(*right);
     g_calls = ShellCalls{};
 
     RECT suggested{1920, 0, 1920 + 1000, 800};
-    SendMessageW(right->hwnd, WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&suggested));
+    SendMessageW(NativeWindow(right->window), WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&suggested));
     EXPECT_EQ(right->playRect, (Rect{1920, 0, 2920, 800}));
     EXPECT_EQ(right->width, 1000);
     EXPECT_EQ(right->sceneryTheme, theme);
-    EXPECT_TRUE(right->frameDC && right->frameDC != oldFrame) << "buffers made anew";
+    EXPECT_TRUE(FrameDC(*right) && FrameDC(*right) != oldFrame) << "buffers made anew";
     EXPECT_EQ(g_calls.sceneries, 1);
     EXPECT_EQ(g_calls.layouts, 0) << "only the home window's change re-lays out";
 
     RECT home{0, 0, 1920, 1080};
     g_dpiScale = 3.0f;
-    SendMessageW(g_mainWindow, WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&home));
+    SendMessageW(NativeWindow(g_homeWindow), WM_DPICHANGED, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&home));
     EXPECT_EQ(g_calls.layouts, 1);
     EXPECT_FLOAT_EQ(g_dpiScale, 1.0f);
 }
 
 TEST_F(TwoMonitors, PaintComposesTheInvalidRectangle) {
-    ASSERT_TRUE(PumpUntil([] { return GetUpdateRect(g_mainWindow, nullptr, FALSE) == FALSE; }));
+    ASSERT_TRUE(PumpUntil([] { return GetUpdateRect(NativeWindow(g_homeWindow), nullptr, FALSE) == FALSE; }));
     g_calls.composed.clear();
     const RECT dirty{10, 20, 110, 70};
-    InvalidateRect(g_mainWindow, &dirty, FALSE);
-    UpdateWindow(g_mainWindow);
+    InvalidateRect(NativeWindow(g_homeWindow), &dirty, FALSE);
+    UpdateWindow(NativeWindow(g_homeWindow));
     ASSERT_EQ(g_calls.composed.size(), 1u);
     EXPECT_EQ(g_calls.composed[0], (Rect{10, 20, 110, 70}));
 }
 
 TEST_F(TwoMonitors, OnlyTheHomeWindowsDestructionEndsTheLoop) {
-    const HWND home = g_mainWindow;
-    DestroyWindow(RecordAt(1920, 0)->hwnd);
+    const HWND home = NativeWindow(g_homeWindow);
+    DestroyWindow(NativeWindow(RecordAt(1920, 0)->window));
     EXPECT_FALSE(TakeQuit()) << "another window's end is not the end of play";
     ASSERT_TRUE(PumpUntil([] { return g_calls.frames >= 1; })) << "the frame timer still runs";
 

@@ -1,37 +1,10 @@
-// The display-window records and the pure rules around them: play-field
-// points, the DPI scale and the launch-monitor value.
-#include "app/display_windows.h"
+// The launch-monitor value's parsing rule.
+#include "app/launch_monitor.h"
 
 #include <algorithm>
 #include <climits>
 #include <cwchar>
 #include <string>
-
-std::vector<DisplayWindow> g_displayWindows;
-WindowHandle g_mainWindow = nullptr;
-int32_t g_virtualLeft = 0;
-int32_t g_virtualTop = 0;
-int32_t g_virtualWidth = 0;
-int32_t g_virtualHeight = 0;
-float g_dpiScale = 1.0f;
-WindowHandle g_shortcutTarget = nullptr;
-
-DisplayWindow* FindDisplayWindow(WindowHandle hwnd) {
-    if (!hwnd) return nullptr;
-    for (DisplayWindow& window : g_displayWindows) {
-        if (window.hwnd == hwnd) return &window;
-    }
-    return nullptr;
-}
-
-Point ClientToPlayField(const DisplayWindow& window, Point client) {
-    return {window.playRect.left + client.x, window.playRect.top + client.y};
-}
-
-float DpiScaleFromDpi(uint32_t dpi) {
-    if (dpi == 0) dpi = 96;
-    return std::max(1.0f, static_cast<float>(dpi / 96.0));
-}
 
 namespace {
 

@@ -1,21 +1,19 @@
-// The pieces of the Linux edition's shell that its files share: the sound
-// output, the windows' pending repaints and the keyboard guard over SDL.
-// All of them run on the one thread of the event loop.
+// The pieces of the Linux edition's shell that its files share, besides
+// the host's platform functions (host_platform.h): the sound output, the
+// windows' pending repaints, the keyboard guard over SDL and the X11
+// desktop. All of them run on the one thread of the event loop.
 #pragma once
 
 #include <cstdint>
 
-#include "app/geometry.h"
-#include "app/window_handle.h"
+#include "app/keyboard_guard.h"
+#include "play/geometry.h"
+#include "play/window_handle.h"
 
 union SDL_Event;
 
 // Whether SDL's video part runs on the named driver ("x11", "wayland").
 bool VideoDriverIs(const char* name);
-
-// The single-instance lock (instance_lock_linux.cpp): false when another
-// run of this session holds it. Held until the process ends.
-bool AcquireInstanceLock();
 
 // Sound (sound_output_linux.cpp): opens SDL's default output once at
 // start-up; without one every sound is silently dropped.
@@ -23,11 +21,6 @@ void OpenSoundOutput();
 void CloseSoundOutput();
 // Plays a WAV image of the sound bank, cutting off the one playing.
 void PlaySoundImage(const uint8_t* image);
-
-// The foreground for the home window at start-up (display_windows_linux.cpp):
-// raised and given the keyboard focus, which goes back to the desktop when
-// the window goes.
-void BringToForeground(WindowHandle window);
 
 // Painting (window_painting_linux.cpp): a client rectangle of a window to
 // compose and show at the next paint; PaintWindows composes every pending
@@ -41,26 +34,16 @@ void ForgetWindowDirt(WindowHandle window);
 // home window while play runs (on X11 through the desktop connection below,
 // on Wayland through SDL's grab, which asks the compositor to inhibit its
 // shortcuts) and puts every key event through the guard's rules: Alt+F4
-// ends play.
-void InstallKeyboardGuard();
-void RemoveKeyboardGuard();
-// The hold asked for anew: after start-up and every rebuild, on every
+// ends play. The hold is asked for anew: after start-up and every rebuild, on every
 // topmost tick, and for a display window that got the focus (SDL grabs
 // for the focused window only).
 void GrabKeyboardFor(WindowHandle window);
 void RenewKeyboardGuard();
 
-// One key event as the guard reads it, from SDL or from the X server.
-struct DesktopKey {
-    uint32_t guardCode = 0;  // the guard's code for the keys its rules name, else 0
-    bool down = false;
-    bool alt = false;
-    bool ctrl = false;
-    bool shift = false;
-    bool gui = false;  // a Windows (Super) key held
-};
+// One key event, from SDL or from the X server, filled in as the guard's
+// rules read it (the report target is the guard's to set).
 void HandleKeyEvent(const SDL_Event& event);
-void HandleGuardedKey(const DesktopKey& key);
+void HandleGuardedKey(GuardedKey key);
 
 // The X11 desktop (x11_desktop_linux.cpp): a connection of Puffino's own
 // that holds the keyboard and watches the stacking, opened once SDL's
@@ -75,8 +58,6 @@ void ReleaseX11Keyboard();
 // client's window mapping or restacking is noted for OthersRestacked.
 void PumpX11Desktop();
 bool OthersRestacked();  // since the windows were last raised
-// Every display window above every other window.
-void RaiseDisplayWindows();
 // The keyboard focus for a display window, reverting to the pointer's
 // window when it goes.
 void FocusX11Window(WindowHandle window);
@@ -87,10 +68,3 @@ uint32_t X11DesktopDpi(WindowHandle window);
 void RememberX11Layout();
 bool X11LayoutChanged();
 
-// The event loop (event_loop_linux.cpp): runs until the quit is posted.
-// StartTimers sets (or restarts) the frame and topmost timers.
-void StartTimers();
-void StopTimers();
-void RunEventLoop();
-// As PostQuitMessage: the loop ends after the event being handled.
-void PostQuit();
