@@ -9,6 +9,7 @@
 #include "app/host_platform.h"
 #include "app/keyboard_guard_win.h"
 #include "app/pointer_points.h"
+#include "play/platform.h"
 #include "play/play_field.h"
 #include "play/pointer_input.h"
 #include "play/window_handle_win.h"

@@ -26,13 +26,6 @@ int32_t FirstTouching(const DirtyRegion& region, int32_t from, const Rect& r) {
     return region.count;
 }
 
-// The hint balloon shows until a blowing hold has ended, and never while the
-// penguin is pressed.
-bool HintCanShow() {
-    const PlayField& field = g_playField;
-    return !field.blownOnce && field.pressStartTick == 0 && !field.blowing;
-}
-
 }  // namespace
 
 void AddDirtyRect(DirtyRegion& region, const Rect& rect) {
@@ -69,7 +62,7 @@ void CollectDynamicDirty(DirtyRegion& region) {
     for (const PopRing& ring : field.rings) AddDirtyRect(region, RingBounds(ring));
     for (const PopParticle& particle : field.particles) AddDirtyRect(region, ParticleBounds(particle));
     AddDirtyRect(region, PenguinPaintArea());
-    if (HintCanShow()) AddDirtyRect(region, HintBalloonArea());
+    if (HintBalloonShows()) AddDirtyRect(region, HintBalloonArea());
     if (field.praiseTimeLeft > 0) AddDirtyRect(region, PraiseArea());
 }
 

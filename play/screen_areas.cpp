@@ -6,6 +6,7 @@
 
 #include "play/display_records.h"
 #include "play/play_field.h"
+#include "settings/language.h"
 
 namespace {
 
@@ -68,4 +69,10 @@ Rect ButtonPaintArea(const Rect& button) {
 Rect RingBounds(const PopRing& ring) {
     const float pad = std::max(3 * g_dpiScale, 2.0f);
     return BoxAround(ring.x, ring.y, ring.radius, pad);
+}
+
+bool HintBalloonShows() {
+    const PlayField& field = g_playField;
+    return !field.blownOnce && !field.blowing && field.pressStartTick == 0 && !IsEmpty(field.penguinBox) &&
+           !HintText.empty();
 }

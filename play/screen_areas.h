@@ -31,6 +31,11 @@ Rect PraiseArea();
 // monitor.
 Rect HintBalloonArea();
 
+// Whether the hint balloon shows: until the child has once blown bubbles,
+// never while the penguin is pressed or blowing, and only with a penguin
+// box and a hint text. The repaint and the drawing both ask this.
+bool HintBalloonShows();
+
 // The penguin's box grown for its bobbing, with room above it for the
 // celebration hops.
 Rect PenguinPaintArea();

@@ -117,12 +117,6 @@ PraiseLook CurrentPraise() {
     return look;
 }
 
-bool HintBalloonShows() {
-    const PlayField& field = g_playField;
-    return !field.blownOnce && !field.blowing && field.pressStartTick == 0 &&
-           !IsEmpty(field.penguinBox) && !HintText.empty();
-}
-
 float HintEm() { return OutlinedTextEm(kHintBaseEm, 1.0f); }
 
 HintBalloonLayout LayOutHintBalloon(TextSize textInk) {

@@ -77,11 +77,6 @@ struct PraiseLook {
 // play field's praise and homeRect. Invisible when no praise is on show.
 PraiseLook CurrentPraise();
 
-// Whether the hint balloon shows: until the child has once blown bubbles,
-// never while the penguin is pressed or blowing, and only with a penguin
-// box and a hint text.
-bool HintBalloonShows();
-
 // The hint balloon: a rounded white body left of the penguin, kept inside
 // the home monitor, with a tail pointing at the penguin.
 struct HintBalloonLayout {

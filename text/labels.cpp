@@ -10,6 +10,7 @@
 #include "settings/high_score.h"
 #include "settings/language.h"
 #include "settings/texts.h"
+#include "play/screen_areas.h"
 #include "text/label_layout.h"
 #include "text/outlined_text.h"
 

@@ -8,6 +8,7 @@
 #include "play/play_field.h"
 #include "play/random.h"
 #include "settings/high_score.h"
+#include "settings/language.h"
 
 FakePlatform g_fake;
 
@@ -33,6 +34,7 @@ void ResetWorld(uint32_t seed) {
     g_fake = FakePlatform{};
     g_playField = PlayField{};
     g_soundEnabled = true;
+    SetLanguageTexts(Language::kJapanese);  // the program always has its texts
     g_bestScore = 0;
     g_dpiScale = 1.0f;
     DisplayWindow home;

@@ -5,6 +5,7 @@
 
 #include "play/display_records.h"
 #include "play/play_field.h"
+#include "play/screen_areas.h"
 #include "settings/language.h"
 #include "tests/unit/fake_platform.h"
 #include "text/label_layout.h"
