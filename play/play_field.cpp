@@ -5,7 +5,7 @@
 #include "play/dirty_region.h"
 #include "play/pointer_input.h"
 #include "play/screen_areas.h"
-#include "render/pose_placement.h"
+#include "play/pose_placement.h"
 
 PlayField g_playField;
 
@@ -52,8 +52,7 @@ void LayoutPlayField() {
     box.right = centreX + penguinWidth / 2;
     box.top = box.bottom - penguinHeight;
 
-    UpdateMouthPoint(static_cast<float>(centreX), static_cast<float>(box.bottom),
-                     static_cast<float>(penguinHeight), 0);
+    field.mouthX = MouthX(static_cast<float>(centreX), static_cast<float>(penguinHeight));
 }
 
 void AdvanceFrame() {

@@ -12,7 +12,7 @@
 #include "play/scoring.h"
 #include "play/screen_areas.h"
 #include "play/sound_bank.h"
-#include "render/pose_placement.h"
+#include "play/pose_placement.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "play/display_records.h"
 #include "assets/penguin_images.h"
+#include "play/display_records.h"
 #include "play/play_field.h"
-#include "render/pose_placement.h"
+#include "play/pose_placement.h"
 
 float BobOffset(float animClock, bool blowing, float blowPhase, float scale) {
     float bob = 3 * scale * std::sin(2 * animClock);
@@ -36,7 +36,7 @@ float CrossFadeIn(float celebrateTimeLeft) {
 }
 
 PenguinDraws PlanPenguin(bool fadeIntoCelebrating) {
-    PlayField& field = g_playField;
+    const PlayField& field = g_playField;
     const Rect& box = field.penguinBox;
     // The centre is a whole pixel, as the layout's is.
     const float centreX = static_cast<float>((box.left + box.right) / 2);
@@ -60,14 +60,12 @@ PenguinDraws PlanPenguin(bool fadeIntoCelebrating) {
                 return plan;
             }
         }
-        // A celebrating penguin does not bob, and its mouth point stays
-        // where the last calm frame left it.
+        // A celebrating penguin does not bob.
         draw({centreX, hop.bottom, hop.height, 0, pose, 1});
         return plan;
     }
 
     const float bob = BobOffset(field.animClock, field.blowing, field.blowPhase, g_dpiScale);
     draw({centreX, bottom, height, bob, pose, 1});
-    UpdateMouthPoint(centreX, bottom, height, bob);
     return plan;
 }

@@ -46,8 +46,6 @@ struct PenguinDraws {
 // Plans the penguin for the play field as it stands now, in its box, at the
 // DPI scale. fadeIntoCelebrating: the celebrating picture is the one made
 // for the celebration, so the penguin may cross-fade into it (it also needs
-// to be loaded). Outside a celebration this also moves the mouth point
-// with the picture, so the blown bubbles leave the drawn beak; during one
-// the mouth point keeps its last place. Called by the penguin's drawing on
-// every paint of the home window.
+// to be loaded). Reads the play field only. Called by the penguin's drawing
+// on every paint of the home window.
 PenguinDraws PlanPenguin(bool fadeIntoCelebrating);

@@ -2,7 +2,7 @@
 #include "render/penguin_sprite.h"
 
 #include "render/penguin_motion.h"
-#include "render/pose_placement.h"
+#include "play/pose_placement.h"
 
 void DrawPenguin(Canvas& canvas) {
     const PenguinDraws plan = PlanPenguin(CelebratingIsYatta());

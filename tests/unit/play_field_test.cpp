@@ -12,7 +12,7 @@
 #include "play/dirty_region.h"
 #include "play/play_field.h"
 #include "play/screen_areas.h"
-#include "render/pose_placement.h"
+#include "play/pose_placement.h"
 #include "tests/printers.h"
 #include "tests/unit/fake_platform.h"
 

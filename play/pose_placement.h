@@ -30,7 +30,7 @@ std::optional<PoseImage> SelectPoseImage(int pose);
 PoseRect PlacePoseImage(std::optional<PoseImage> image, float centreX, float bottom, float height,
                         float offsetY);
 
-// Sets the play field's mouthX: 72 % across the blowing picture (or its
-// stand-in) as placed here. Called by the layout and by every penguin
-// drawing outside a celebration.
-void UpdateMouthPoint(float centreX, float bottom, float height, float offsetY);
+// The x from which the penguin blows: 72 % across the blowing picture (or
+// its stand-in) placed centred on centreX at that height. The bobbing moves
+// the picture up and down only, so the layout works it out once.
+float MouthX(float centreX, float height);

@@ -1,9 +1,7 @@
 // Pose picture choice and placement over the loaded pictures' sizes.
-#include "render/pose_placement.h"
+#include "play/pose_placement.h"
 
 #include <algorithm>
-
-#include "play/play_field.h"
 
 namespace {
 
@@ -44,9 +42,9 @@ PoseRect PlacePoseImage(std::optional<PoseImage> image, float centreX, float bot
     return {centreX - dw / 2, bottom - dh + offsetY, dw, dh};
 }
 
-void UpdateMouthPoint(float centreX, float bottom, float height, float offsetY) {
+float MouthX(float centreX, float height) {
     const std::optional<PoseImage> image =
         FirstLoaded({PoseImage::Blow, PoseImage::Idle, PoseImage::Cheer, PoseImage::Celebrate});
-    const PoseRect rect = PlacePoseImage(image, centreX, bottom, height, offsetY);
-    g_playField.mouthX = rect.x + 0.72f * rect.width;
+    const PoseRect rect = PlacePoseImage(image, centreX, 0, height, 0);
+    return rect.x + 0.72f * rect.width;
 }
