@@ -19,8 +19,6 @@ bool StartProcess();
 // at all (no display).
 bool StartWindowSystem();
 void StopWindowSystem();
-// Where the penguin's pose pictures are.
-std::wstring PosePictureFolder();
 // Runs the event loop until the quit is posted.
 void RunEventLoop();
 // The loop ends after the event being handled.

@@ -5,7 +5,6 @@
 #include <SDL.h>
 
 #include "app/host_platform.h"
-#include "assets/asset_paths.h"
 
 namespace {
 
@@ -52,5 +51,3 @@ void StopWindowSystem() {
     CloseSoundOutput();
     SDL_Quit();
 }
-
-std::wstring PosePictureFolder() { return PoseFolder(); }

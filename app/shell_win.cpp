@@ -7,7 +7,6 @@
 
 #include "app/host_platform.h"
 #include "app/window_proc_win.h"
-#include "assets/asset_paths.h"
 
 HINSTANCE g_instance = nullptr;
 
@@ -45,8 +44,6 @@ void StopWindowSystem() {
     // Only a call that really initialized COM is paired.
     if (g_comResult == S_OK) CoUninitialize();
 }
-
-std::wstring PosePictureFolder() { return JoinPath(JoinPath(ExecutableFolder(), L"assets"), L"penguin"); }
 
 void RunEventLoop() {
     MSG message;

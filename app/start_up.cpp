@@ -2,6 +2,7 @@
 // instance, single thread; no command line, no log.
 #include "app/host.h"
 #include "app/host_platform.h"
+#include "assets/asset_paths.h"
 #include "assets/penguin_images.h"
 #include "play/sound_bank.h"
 #include "settings/high_score.h"
@@ -21,7 +22,7 @@ int RunPuffino() {
 
     // Without a display no home window can be made.
     if (!StartWindowSystem()) return 1;
-    LoadPenguinImages(PosePictureFolder());
+    LoadPenguinImages(PoseFolder());
     RebuildDisplayWindows();
     if (!StartPlay()) {
         TearDown();  // an orderly exit, with nothing left shown

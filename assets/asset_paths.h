@@ -19,7 +19,7 @@ std::wstring JoinPath(std::wstring_view folder, std::wstring_view name);
 std::wstring ExecutableFolder();
 
 // The folder an installed copy keeps its files in: share/puffino beside the
-// executable's folder ("/usr/bin" -> "/usr/share/puffino"), so that a copy
+// executable's folder ("/usr/games" -> "/usr/share/puffino"), so that a copy
 // unpacked anywhere finds its own files. Empty for an empty folder.
 std::wstring ShareFolder(std::wstring_view executableFolder);
 

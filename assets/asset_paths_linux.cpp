@@ -13,7 +13,7 @@ std::wstring ExecutableFolder() {
     return ParentFolder(WidePath(self));
 }
 
-// A package puts the program in /usr/bin and its files in /usr/share/puffino;
+// The package puts the program in /usr/games and its files in /usr/share/puffino;
 // found from the program's own place, not from a fixed /usr, so that a copy
 // unpacked anywhere else works as well.
 std::wstring InstalledFolder() { return ShareFolder(ExecutableFolder()); }

@@ -1,6 +1,6 @@
 // Pointer input: what a touch or a click on the play field does, and the
-// long press on the penguin that makes it blow bubbles. The window
-// procedure converts every message to play-field points and calls these.
+// long press on the penguin that makes it blow bubbles. The host turns
+// every press of a window into a play-field point and calls these.
 #pragma once
 
 #include "play/geometry.h"

@@ -14,8 +14,8 @@ extern std::wstring HintText;
 enum class Language { kJapanese, kEnglish };
 
 // Chooses Japanese or English from the configured value and the user's UI
-// language (Win32 layer: asks the system, then ChooseLanguage and
-// SetLanguageTexts). Called once at start-up after the settings are read.
+// language (each edition asks its system, language_win.cpp and
+// language_linux.cpp, then ChooseLanguage and SetLanguageTexts). Called once at start-up after the settings are read.
 void SetupLanguage(std::wstring_view configured);
 
 // The choice itself: a configured value beginning with "ja" or "en" (after

@@ -14,8 +14,8 @@ struct Settings {
     std::wstring language;  // at most 63 characters; empty: the UI language
 };
 
-// The roaming application data (Win32 layer): the known folder, else the
-// "APPDATA" variable, else "." (the current folder).
+// Puffino.exe's roaming application data (app_data_folder_win.cpp): the
+// known folder, else the "APPDATA" variable, else "." (the current folder).
 std::wstring RoamingAppDataBase();
 
 // The Linux edition's base for it: $XDG_CONFIG_HOME when it is an absolute

@@ -26,10 +26,7 @@ puffino_wine_tests(shell_tests
   ${SHELL_SOURCES}
   ${PROJECT_SOURCE_DIR}/play/display_records.cpp
   ${PROJECT_SOURCE_DIR}/play/random.cpp
-  ${PROJECT_SOURCE_DIR}/render/frame_buffers_win.cpp
-  ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
-  ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp
-  ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp)
+  ${PROJECT_SOURCE_DIR}/render/frame_buffers_win.cpp)
 
 puffino_wine_tests(resources_tests
   ${CMAKE_CURRENT_LIST_DIR}/resources_tests.cpp

@@ -29,7 +29,6 @@ void Call(const std::string& name) { g_calls.push_back(name); }
 bool StartProcess() { return true; }
 bool StartWindowSystem() { return true; }
 void StopWindowSystem() { Call("stop window system"); }
-std::wstring PosePictureFolder() { return L"."; }
 void RunEventLoop() {}
 void PostQuit() { Call("post quit"); }
 std::vector<Rect> ListMonitors() { return g_monitors; }
