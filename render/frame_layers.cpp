@@ -9,11 +9,11 @@
 bool ButtonFaceFor(int32_t kind, bool soundEnabled, ButtonFace& face) {
     switch (kind) {
     case kFinishButton:
-        face = {ColourRefFromRgb(232, 188, 192), ColourRefFromRgb(186, 132, 142), kFinishSymbol.data(),
+        face = {ColourFromRgb(232, 188, 192), ColourFromRgb(186, 132, 142), kFinishSymbol.data(),
                 kFinishLabel.data(), 28};
         return true;
     case kSoundButton:
-        face = {ColourRefFromRgb(236, 218, 176), ColourRefFromRgb(188, 158, 108),
+        face = {ColourFromRgb(236, 218, 176), ColourFromRgb(188, 158, 108),
                 (soundEnabled ? kSoundOnSymbol : kSoundOffSymbol).data(), nullptr, 34};
         return true;
     default:

@@ -5,12 +5,12 @@
 
 #include <cstdint>
 
-#include "render/scenery_layout.h"  // ColourRef, PointF
+#include "render/scenery_layout.h"  // Colour, PointF
 
 // A button as DrawButton is given it. symbol and label are null for none.
 struct ButtonFace {
-    ColourRef body = 0;
-    ColourRef border = 0;
+    Colour body;
+    Colour border;
     const wchar_t* symbol = nullptr;
     const wchar_t* label = nullptr;
     int32_t symbolSize = 0;  // 96-dpi pixels

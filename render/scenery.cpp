@@ -6,7 +6,7 @@
 
 namespace {
 
-uint32_t Opaque(ColourRef colour) { return ArgbFromColourRef(colour); }
+uint32_t Opaque(Colour colour) { return ArgbOf(colour); }
 
 void DrawWaveCrests(Canvas& canvas, const WaveCrests& crests) {
     const Pen pen{kWaveColour, crests.penWidth, true};
@@ -51,14 +51,14 @@ void DrawScenery(Canvas& canvas, const Rect& rect, uint32_t theme) {
     RestoreState(canvas);
 }
 
-void DrawSkyOrGround(Canvas& canvas, const Rect& rect, ColourRef top, ColourRef bottom) {
+void DrawSkyOrGround(Canvas& canvas, const Rect& rect, Colour top, Colour bottom) {
     const GradientShape gradient = SkyOrGroundGradient(rect);
     FillGradient(canvas, rect, gradient.from, gradient.to, Opaque(top), Opaque(bottom));
 }
 
-void DrawSun(Canvas& canvas, float cx, float cy, float radius, ColourRef colour) {
+void DrawSun(Canvas& canvas, float cx, float cy, float radius, Colour colour) {
     const SunShape sun = SunGeometry(cx, cy, radius);
-    const Pen pen{ArgbFromColourRef(colour, kSunRayAlpha), sun.rayPenWidth, true};
+    const Pen pen{ArgbOf(colour, kSunRayAlpha), sun.rayPenWidth, true};
     for (const LineF& ray : sun.rays) StrokeLine(canvas, ray, pen);
     FillEllipse(canvas, sun.disc, Opaque(colour));
 }
@@ -68,7 +68,7 @@ void DrawCloud(Canvas& canvas, float cx, float cy, float width, float height) {
     for (const BoxF& ellipse : CloudEllipses(cx, cy, width, height)) FillEllipse(canvas, ellipse, kCloudColour);
 }
 
-void DrawMountain(Canvas& canvas, float peakX, float baseY, float baseWidth, float height, ColourRef colour) {
+void DrawMountain(Canvas& canvas, float peakX, float baseY, float baseWidth, float height, Colour colour) {
     const MountainShape mountain = MountainGeometry(peakX, baseY, baseWidth, height);
     FillPolygon(canvas, mountain.body.data(), 3, Opaque(colour));
     FillPolygon(canvas, mountain.snowCap.data(), 4, kSnowColour);
@@ -81,7 +81,7 @@ void DrawTree(Canvas& canvas, float x, float groundY, float scale) {
     for (const BoxF& clump : tree.leaves) FillEllipse(canvas, clump, kLeavesColour);
 }
 
-void DrawFlower(Canvas& canvas, float cx, float cy, float size, ColourRef petal) {
+void DrawFlower(Canvas& canvas, float cx, float cy, float size, Colour petal) {
     const FlowerShape flower = FlowerGeometry(cx, cy, size);
     FillBox(canvas, flower.stem, kStemColour);
     // Each petal is the same ellipse in the blossom's own frame, turned

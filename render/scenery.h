@@ -14,9 +14,9 @@
 void DrawScenery(Canvas& canvas, const Rect& rect, uint32_t theme);
 
 // The element painters, in the order the themes use them.
-void DrawSkyOrGround(Canvas& canvas, const Rect& rect, ColourRef top, ColourRef bottom);
-void DrawSun(Canvas& canvas, float cx, float cy, float radius, ColourRef colour);
+void DrawSkyOrGround(Canvas& canvas, const Rect& rect, Colour top, Colour bottom);
+void DrawSun(Canvas& canvas, float cx, float cy, float radius, Colour colour);
 void DrawCloud(Canvas& canvas, float cx, float cy, float width, float height);
-void DrawMountain(Canvas& canvas, float peakX, float baseY, float baseWidth, float height, ColourRef colour);
+void DrawMountain(Canvas& canvas, float peakX, float baseY, float baseWidth, float height, Colour colour);
 void DrawTree(Canvas& canvas, float x, float groundY, float scale);
-void DrawFlower(Canvas& canvas, float cx, float cy, float size, ColourRef petal);
+void DrawFlower(Canvas& canvas, float cx, float cy, float size, Colour petal);

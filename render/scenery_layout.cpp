@@ -9,21 +9,21 @@
 namespace {
 
 // The petal colours, written as ARGB like the rest of the palette.
-constexpr ColourRef kParkPetals[] = {
-    ColourRefFromArgb(0xFFFF78A0),  // pink
-    ColourRefFromArgb(0xFFFFC846),  // yellow
-    ColourRefFromArgb(0xFFAA82EB),  // violet
-    ColourRefFromArgb(0xFFFF9678),  // coral
+constexpr Colour kParkPetals[] = {
+    ColourFromArgb(0xFFFF78A0),  // pink
+    ColourFromArgb(0xFFFFC846),  // yellow
+    ColourFromArgb(0xFFAA82EB),  // violet
+    ColourFromArgb(0xFFFF9678),  // coral
 };
-constexpr ColourRef kGardenPetals[] = {
-    ColourRefFromArgb(0xFFFF82AA),  // pink
-    ColourRefFromArgb(0xFFFFCD50),  // yellow
-    ColourRefFromArgb(0xFFB48CF0),  // violet
-    ColourRefFromArgb(0xFF78C8EB),  // sky blue
+constexpr Colour kGardenPetals[] = {
+    ColourFromArgb(0xFFFF82AA),  // pink
+    ColourFromArgb(0xFFFFCD50),  // yellow
+    ColourFromArgb(0xFFB48CF0),  // violet
+    ColourFromArgb(0xFF78C8EB),  // sky blue
 };
-constexpr ColourRef kFieldPetals[] = {
+constexpr Colour kFieldPetals[] = {
     kParkPetals[0], kParkPetals[1], kParkPetals[2], kParkPetals[3],
-    ColourRefFromArgb(0xFF78C8EB),  // sky blue
+    ColourFromArgb(0xFF78C8EB),  // sky blue
 };
 
 // The window's rectangle as the themes measure it: a position (a W, b H)
@@ -44,16 +44,16 @@ struct Frame {
     float Y(float b) const { return top + b * height; }
 
     SkyOrGround Sky(uint32_t topArgb, uint32_t bottomArgb) const {
-        return {rect, ColourRefFromArgb(topArgb), ColourRefFromArgb(bottomArgb)};
+        return {rect, ColourFromArgb(topArgb), ColourFromArgb(bottomArgb)};
     }
     // A ground or sea band from y down to the bottom edge; its top is y
     // truncated to a whole pixel.
     SkyOrGround Band(float y, uint32_t topArgb, uint32_t bottomArgb) const {
         return {{rect.left, static_cast<int32_t>(y), rect.right, rect.bottom},
-                ColourRefFromArgb(topArgb), ColourRefFromArgb(bottomArgb)};
+                ColourFromArgb(topArgb), ColourFromArgb(bottomArgb)};
     }
     Sun SunAt(float a, float b, float radius, uint32_t argb) const {
-        return {X(a), Y(b), radius * k, ColourRefFromArgb(argb)};
+        return {X(a), Y(b), radius * k, ColourFromArgb(argb)};
     }
     Cloud CloudAt(float a, float b, float w, float h) const { return {X(a), Y(b), w * k, h * k}; }
 };
@@ -86,9 +86,9 @@ void Mountains(const Frame& f, std::vector<SceneryElement>& plan) {
     // edge and the clip cuts its tip off.
     const float baseY = f.Y(0.72f);
     plan.push_back(Mountain{f.X(0.32f), baseY, 0.55f * f.width, 0.62f * f.height,
-                            ColourRefFromArgb(0xFF78B084)});
+                            ColourFromArgb(0xFF78B084)});
     plan.push_back(Mountain{f.X(0.66f), baseY, 0.62f * f.width, 0.74f * f.height,
-                            ColourRefFromArgb(0xFF609C74)});
+                            ColourFromArgb(0xFF609C74)});
     plan.push_back(f.Band(baseY, 0xFF96D47A, 0xFF7ABE68));
     plan.push_back(Tree{f.X(0.14f), f.Y(0.94f), 0.9f * f.k});
     plan.push_back(Tree{f.X(0.86f), f.Y(0.96f), f.k});

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "play/geometry.h"
+#include "render/colour.h"
 
 enum class SceneryTheme : uint32_t {
     Seaside = 0,      // sea with rows of wave crests, two clouds, sun at the right
@@ -23,23 +24,6 @@ constexpr uint32_t kSceneryThemeCount = 5;
 // The theme a window's sceneryTheme value draws: anything but 0..3 is the
 // flower field, so a bad value still gives a friendly scene.
 SceneryTheme SceneryThemeFromValue(uint32_t value);
-
-// A 24-bit colour reference, red in the low byte (0x00BBGGRR), as the
-// painters take their colours; it becomes opaque ARGB when its brush or pen
-// is made.
-using ColourRef = uint32_t;
-
-constexpr ColourRef ColourRefFromRgb(uint32_t red, uint32_t green, uint32_t blue) {
-    return (red & 0xFF) | (green & 0xFF) << 8 | (blue & 0xFF) << 16;
-}
-// The colour reference of an ARGB value; its alpha is dropped.
-constexpr ColourRef ColourRefFromArgb(uint32_t argb) {
-    return ColourRefFromRgb(argb >> 16, argb >> 8, argb);
-}
-// ARGB with the given alpha for a colour reference.
-constexpr uint32_t ArgbFromColourRef(ColourRef colour, uint32_t alpha = 0xFF) {
-    return (alpha & 0xFF) << 24 | (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
-}
 
 // The scale unit k = min(W, H) / 750: every sun, cloud, tree, flower and
 // wave is a multiple of it, so a scene keeps its proportions on any monitor
@@ -114,12 +98,12 @@ MountainShape MountainGeometry(float peakX, float baseY, float baseWidth, float 
 
 struct SkyOrGround {
     Rect rect;
-    ColourRef top = 0;
-    ColourRef bottom = 0;
+    Colour top;
+    Colour bottom;
 };
 struct Sun {
     float cx = 0, cy = 0, radius = 0;
-    ColourRef colour = 0;
+    Colour colour;
 };
 struct Cloud {
     float cx = 0, cy = 0, width = 0, height = 0;
@@ -134,14 +118,14 @@ constexpr float kWaveStartDegrees = 200.0f;
 constexpr float kWaveSweepDegrees = 140.0f;
 struct Mountain {
     float peakX = 0, baseY = 0, baseWidth = 0, height = 0;
-    ColourRef colour = 0;
+    Colour colour;
 };
 struct Tree {
     float x = 0, groundY = 0, scale = 0;
 };
 struct Flower {
     float cx = 0, cy = 0, size = 0;
-    ColourRef petal = 0;
+    Colour petal;
 };
 
 using SceneryElement = std::variant<SkyOrGround, Sun, Cloud, WaveCrests, Mountain, Tree, Flower>;

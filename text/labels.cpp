@@ -54,12 +54,12 @@ void DrawPanel(Canvas& canvas, const BoxF& shadow, const BoxF& body, float radiu
 
 }  // namespace
 
-void DrawButton(Canvas& canvas, const Rect& rect, uint32_t bodyColour, uint32_t borderColour,
+void DrawButton(Canvas& canvas, const Rect& rect, Colour bodyColour, Colour borderColour,
                 const wchar_t* symbol, const wchar_t* label, int32_t symbolSize) {
     const bool hasLabel = HasText(label);
     const ButtonLayout layout = LayOutButton(rect, symbolSize, hasLabel);
-    const Pen border{ArgbFromColourRef(borderColour), layout.borderWidth};
-    DrawPanel(canvas, layout.shadow, layout.body, layout.radius, kShadowColour, ArgbFromColourRef(bodyColour),
+    const Pen border{ArgbOf(borderColour), layout.borderWidth};
+    DrawPanel(canvas, layout.shadow, layout.body, layout.radius, kShadowColour, ArgbOf(bodyColour),
               border);
     if (HasText(symbol)) {
         // The symbols come from the system's symbol font. Where it is not

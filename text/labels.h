@@ -8,10 +8,11 @@
 
 #include "play/geometry.h"
 #include "render/canvas.h"
+#include "render/colour.h"
 
-// One button in its rectangle. The colours are references (red in the low
-// byte); symbol and label may be null for none; symbolSize in 96-dpi pixels.
-void DrawButton(Canvas& canvas, const Rect& rect, uint32_t bodyColour, uint32_t borderColour,
+// One button in its rectangle, in opaque colours; symbol and label may be
+// null for none; symbolSize in 96-dpi pixels.
+void DrawButton(Canvas& canvas, const Rect& rect, Colour bodyColour, Colour borderColour,
                 const wchar_t* symbol, const wchar_t* label, int32_t symbolSize);
 
 // A pill with its top-left corner at (left, top): prefix and text in one
