@@ -18,12 +18,12 @@ const std::array<std::wstring_view, 9> PoseFallbackNames = {
 namespace {
 
 // Loads folder\name.png into the slot unless the slot is already filled.
-void LoadPoseSlot(const std::wstring& folder, PoseSlot& slot, std::wstring_view name) {
+void LoadPoseSlot(const std::wstring& folder, OwnedPosePicture& slot, std::wstring_view name) {
     if (slot) return;
-    slot = LoadSpriteFile(JoinPath(folder, std::wstring(name) + L".png"));
+    slot = LoadPosePictureFile(JoinPath(folder, std::wstring(name) + L".png"));
 }
 
-void LoadWithFallbacks(const std::wstring& folder, PoseSlot& slot) {
+void LoadWithFallbacks(const std::wstring& folder, OwnedPosePicture& slot) {
     LoadPoseSlot(folder, slot, L"bubble");
     for (const std::wstring_view name : PoseFallbackNames) LoadPoseSlot(folder, slot, name);
 }
@@ -35,37 +35,37 @@ void LoadPenguinImages(const std::wstring& folder) {
     if (folder.empty()) return;
     PenguinImages& images = g_penguinImages;
 
-    images.blowImage = LoadSpriteFile(JoinPath(folder, L"bubble.png"));
+    images.blowPicture = LoadPosePictureFile(JoinPath(folder, L"bubble.png"));
 
     // The standing and celebrating slots borrow the blowing picture (as a
     // copy of their own) and then any fallback name rather than stay empty.
-    LoadPoseSlot(folder, images.idleImage, L"idle");
-    LoadWithFallbacks(folder, images.idleImage);
+    LoadPoseSlot(folder, images.idlePicture, L"idle");
+    LoadWithFallbacks(folder, images.idlePicture);
 
-    LoadPoseSlot(folder, images.celebrateImage, L"yatta");
-    images.celebratingIsYatta = images.celebrateImage != nullptr;
-    LoadPoseSlot(folder, images.celebrateImage, L"happy");
-    LoadWithFallbacks(folder, images.celebrateImage);
+    LoadPoseSlot(folder, images.celebratePicture, L"yatta");
+    images.celebratingIsYatta = images.celebratePicture != nullptr;
+    LoadPoseSlot(folder, images.celebratePicture, L"happy");
+    LoadWithFallbacks(folder, images.celebratePicture);
 
-    LoadPoseSlot(folder, images.cheerImage, L"hurray");
+    LoadPoseSlot(folder, images.cheerPicture, L"hurray");
 }
 
 void ReleasePenguinImages() {
     // reset() empties the slot before it deletes the picture.
-    g_penguinImages.blowImage.reset();
-    g_penguinImages.idleImage.reset();
-    g_penguinImages.celebrateImage.reset();
-    g_penguinImages.cheerImage.reset();
+    g_penguinImages.blowPicture.reset();
+    g_penguinImages.idlePicture.reset();
+    g_penguinImages.celebratePicture.reset();
+    g_penguinImages.cheerPicture.reset();
     g_penguinImages.celebratingIsYatta = false;
 }
 
-const PosePicture* PoseSlotPicture(PoseImage pose) {
+const PosePicture* LoadedPosePicture(PosePictureKind pose) {
     const PenguinImages& images = g_penguinImages;
     switch (pose) {
-        case PoseImage::Idle: return images.idleImage.get();
-        case PoseImage::Blow: return images.blowImage.get();
-        case PoseImage::Celebrate: return images.celebrateImage.get();
-        case PoseImage::Cheer: return images.cheerImage.get();
+        case PosePictureKind::Idle: return images.idlePicture.get();
+        case PosePictureKind::Blow: return images.blowPicture.get();
+        case PosePictureKind::Celebrate: return images.celebratePicture.get();
+        case PosePictureKind::Cheer: return images.cheerPicture.get();
     }
     return nullptr;
 }

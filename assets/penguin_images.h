@@ -11,25 +11,25 @@
 #include <string_view>
 
 // The four pose pictures: standing, blowing, celebrating, cheering.
-enum class PoseImage { Idle, Blow, Celebrate, Cheer };
+enum class PosePictureKind { Idle, Blow, Celebrate, Cheer };
 
 // A decoded, cleaned-up picture as the backend draws it.
 struct PosePicture;
 struct PosePictureDeleter {
     void operator()(PosePicture* picture) const;
 };
-// One pose slot, the only owner of its picture: putting a new picture in
+// One owned pose picture, the only owner of its picture: putting a new one in
 // deletes the old one.
-using PoseSlot = std::unique_ptr<PosePicture, PosePictureDeleter>;
+using OwnedPosePicture = std::unique_ptr<PosePicture, PosePictureDeleter>;
 
 // Filled once by LoadPenguinImages and emptied by ReleasePenguinImages;
 // only the penguin's drawing and its hit test read it.
 struct PenguinImages {
-    PoseSlot blowImage;       // blowing bubbles: "bubble.png"
-    PoseSlot idleImage;       // standing
-    PoseSlot celebrateImage;  // celebrating a new record or a gold bubble
-    PoseSlot cheerImage;      // cheering: "hurray.png"; only stands in for a missing pose
-    // celebrateImage came from "yatta.png" itself: only then does the
+    OwnedPosePicture blowPicture;       // blowing bubbles: "bubble.png"
+    OwnedPosePicture idlePicture;       // standing
+    OwnedPosePicture celebratePicture;  // celebrating a new record or a gold bubble
+    OwnedPosePicture cheerPicture;      // cheering: "hurray.png"; only stands in for a missing pose
+    // celebratePicture came from "yatta.png" itself: only then does the
     // celebration cross-fade into it.
     bool celebratingIsYatta = false;
 };
@@ -50,18 +50,18 @@ void LoadPenguinImages(const std::wstring& folder);
 void ReleasePenguinImages();
 
 // The picture in a pose's slot, or null while the slot is empty.
-const PosePicture* PoseSlotPicture(PoseImage pose);
+const PosePicture* LoadedPosePicture(PosePictureKind pose);
 
 // The size in pixels of a loaded pose picture, each side at least 1; false
 // when that slot is empty. The play field places the penguin and its hit
 // test with it.
-bool PoseImageSize(PoseImage image, int32_t& width, int32_t& height);
+bool LoadedPoseSize(PosePictureKind image, int32_t& width, int32_t& height);
 
 // Whether the celebrating picture came from "yatta.png" itself.
 bool CelebratingIsYatta();
 
 // The backend's part. The picture at `path`, decoded and cleaned up, or
 // none when nothing is there or it does not decode.
-PoseSlot LoadSpriteFile(const std::wstring& path);
+OwnedPosePicture LoadPosePictureFile(const std::wstring& path);
 // The picture's size as its backend reads it (0 when it cannot).
 void PosePictureSize(const PosePicture& picture, int32_t& width, int32_t& height);

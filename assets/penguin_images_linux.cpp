@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "assets/file_paths.h"
-#include "assets/sprite_filters.h"
+#include "assets/pose_picture_filters.h"
 #include "assets/whole_file.h"
 
 void PosePictureDeleter::operator()(PosePicture* picture) const {
@@ -38,7 +38,7 @@ std::vector<uint8_t> DecodePng(const std::string& file, int32_t& width, int32_t&
 
 }  // namespace
 
-PoseSlot LoadSpriteFile(const std::wstring& path) {
+OwnedPosePicture LoadPosePictureFile(const std::wstring& path) {
     if (path.empty()) return nullptr;
     // Read whole before decoding: a folder or a fifo with a picture's name,
     // or a file that cannot be read, is no picture.
@@ -48,10 +48,10 @@ PoseSlot LoadSpriteFile(const std::wstring& path) {
     std::vector<uint8_t> pixels = DecodePng(*file, width, height);
     if (pixels.empty()) return nullptr;
 
-    const SpritePixels sprite{pixels.data(), width, height, static_cast<ptrdiff_t>(width) * 4};
-    RemoveSpecks(sprite);
-    SoftenOutline(sprite);
-    BleedColours(sprite);
+    const PicturePixels picturePixels{pixels.data(), width, height, static_cast<ptrdiff_t>(width) * 4};
+    RemoveSpecks(picturePixels);
+    SoftenOutline(picturePixels);
+    BleedColours(picturePixels);
 
     cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, width, height);
     if (cairo_surface_status(surface) != CAIRO_STATUS_SUCCESS) {
@@ -71,7 +71,7 @@ PoseSlot LoadSpriteFile(const std::wstring& path) {
         }
     }
     cairo_surface_mark_dirty(surface);
-    return PoseSlot(new PosePicture{surface, width, height});
+    return OwnedPosePicture(new PosePicture{surface, width, height});
 }
 
 void PosePictureSize(const PosePicture& picture, int32_t& width, int32_t& height) {

@@ -4,11 +4,11 @@
 #include <filesystem>
 #include <system_error>
 
-#include "assets/sprite_prepare_win.h"
+#include "assets/pose_picture_prepare_win.h"
 
 void PosePictureDeleter::operator()(PosePicture* picture) const { delete picture; }
 
-PoseSlot LoadSpriteFile(const std::wstring& path) {
+OwnedPosePicture LoadPosePictureFile(const std::wstring& path) {
     if (path.empty()) return nullptr;
     // Ask without raising: nothing there, or no answer, means no picture.
     std::error_code error;
@@ -20,8 +20,8 @@ PoseSlot LoadSpriteFile(const std::wstring& path) {
     std::unique_ptr<Gdiplus::Image> loaded(new Gdiplus::Image(path.c_str()));
     if (loaded->GetLastStatus() != Gdiplus::Ok) return nullptr;
 
-    PoseSlot picture(new PosePicture);
-    picture->image = PrepareSprite(loaded.get());
+    OwnedPosePicture picture(new PosePicture);
+    picture->image = PreparePosePicture(loaded.get());
     if (!picture->image) picture->image = std::move(loaded);  // no working copy could be made: drawn unprepared
     return picture;
 }

@@ -33,8 +33,8 @@ void SetUpScene(std::size_t bubbles, bool crowded) {
     ResetWorld(20240607);
     SetLanguageTexts(Language::kJapanese);
     LoadPenguinImages(std::filesystem::path(PUFFINO_POSE_FOLDER).wstring());
-    for (PoseImage pose : {PoseImage::Idle, PoseImage::Blow, PoseImage::Celebrate, PoseImage::Cheer}) {
-        if (const PosePicture* picture = PoseSlotPicture(pose)) {
+    for (PosePictureKind pose : {PosePictureKind::Idle, PosePictureKind::Blow, PosePictureKind::Celebrate, PosePictureKind::Cheer}) {
+        if (const PosePicture* picture = LoadedPosePicture(pose)) {
             int32_t width = 0, height = 0;
             PosePictureSize(*picture, width, height);
             g_fake.poseSizes[pose] = {width, height};

@@ -10,7 +10,7 @@
 #include <cstring>
 #include <vector>
 
-#include "assets/sprite_filters.h"
+#include "assets/pose_picture_filters.h"
 
 namespace {
 
@@ -53,9 +53,9 @@ std::vector<uint8_t> PenguinLikePicture(int32_t width, int32_t height) {
     return bytes;
 }
 
-using Filter = void (*)(const SpritePixels&);
+using Filter = void (*)(const PicturePixels&);
 
-void Prepare(const SpritePixels& pixels) {
+void Prepare(const PicturePixels& pixels) {
     RemoveSpecks(pixels);
     SoftenOutline(pixels);
     BleedColours(pixels);
@@ -76,10 +76,10 @@ void RunFilter(benchmark::State& state, int32_t height, Filter filter) {
     state.counters["pixels"] = static_cast<double>(width) * height;
 }
 
-void PrepareSpriteFilters(benchmark::State& state) {
+void PreparePosePictureFilters(benchmark::State& state) {
     RunFilter(state, static_cast<int32_t>(state.range(0)), Prepare);
 }
-BENCHMARK(PrepareSpriteFilters)->ArgName("height")->Arg(240)->Arg(480)->Arg(800)->Arg(1600)
+BENCHMARK(PreparePosePictureFilters)->ArgName("height")->Arg(240)->Arg(480)->Arg(800)->Arg(1600)
     ->Unit(benchmark::kMillisecond)->ComputeStatistics("min", Fastest)->Complexity(benchmark::oN);
 
 void RemoveSpecksAt600x800(benchmark::State& state) { RunFilter(state, 800, RemoveSpecks); }

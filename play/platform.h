@@ -2,7 +2,7 @@
 // plain free functions. Each edition implements them (app/platform_win.cpp,
 // app/platform_linux.cpp, EndPlay in app/host.cpp); the native tests link a
 // recording stand-in with a clock they set themselves. The pose picture
-// sizes (PoseImageSize, assets/penguin_images.h) belong to the same seam.
+// sizes (LoadedPoseSize, assets/penguin_images.h) belong to the same seam.
 #pragma once
 
 #include <cstdint>

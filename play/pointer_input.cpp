@@ -86,7 +86,7 @@ bool PenguinHit(Point point) {
     const float boxHeight = static_cast<float>(box.bottom - box.top);
     if (box.right <= box.left || box.bottom <= box.top || boxHeight <= 1.0f) return false;
     const float centreX = static_cast<float>(box.left + box.right) * 0.5f;
-    const PoseRect drawn = PlacePoseImage(SelectPoseImage(field.blowing ? kPoseBlowing : kPoseStanding),
+    const PoseRect drawn = PlacePosePicture(SelectPosePicture(field.blowing ? kPoseBlowing : kPoseStanding),
                                           centreX, static_cast<float>(box.bottom), boxHeight, 0);
     // The transparent side margins of the picture do not count.
     const float margin = 0.06f * drawn.width;

@@ -5,13 +5,13 @@
 
 namespace {
 
-bool IsLoaded(PoseImage image) {
+bool IsLoaded(PosePictureKind image) {
     int32_t width = 0, height = 0;
-    return PoseImageSize(image, width, height);
+    return LoadedPoseSize(image, width, height);
 }
 
-std::optional<PoseImage> FirstLoaded(std::initializer_list<PoseImage> order) {
-    for (PoseImage image : order) {
+std::optional<PosePictureKind> FirstLoaded(std::initializer_list<PosePictureKind> order) {
+    for (PosePictureKind image : order) {
         if (IsLoaded(image)) return image;
     }
     return std::nullopt;
@@ -19,16 +19,16 @@ std::optional<PoseImage> FirstLoaded(std::initializer_list<PoseImage> order) {
 
 }  // namespace
 
-std::optional<PoseImage> SelectPoseImage(int pose) {
-    if (pose == kPoseBlowing && IsLoaded(PoseImage::Blow)) return PoseImage::Blow;
-    if (pose == kPoseCelebrating && IsLoaded(PoseImage::Celebrate)) return PoseImage::Celebrate;
-    return FirstLoaded({PoseImage::Idle, PoseImage::Cheer, PoseImage::Blow, PoseImage::Celebrate});
+std::optional<PosePictureKind> SelectPosePicture(int pose) {
+    if (pose == kPoseBlowing && IsLoaded(PosePictureKind::Blow)) return PosePictureKind::Blow;
+    if (pose == kPoseCelebrating && IsLoaded(PosePictureKind::Celebrate)) return PosePictureKind::Celebrate;
+    return FirstLoaded({PosePictureKind::Idle, PosePictureKind::Cheer, PosePictureKind::Blow, PosePictureKind::Celebrate});
 }
 
-PoseRect PlacePoseImage(std::optional<PoseImage> image, float centreX, float bottom, float height,
+PoseRect PlacePosePicture(std::optional<PosePictureKind> image, float centreX, float bottom, float height,
                         float offsetY) {
     int32_t imageWidth = 100, imageHeight = 100;  // the stand-in square
-    if (image && PoseImageSize(*image, imageWidth, imageHeight)) {
+    if (image && LoadedPoseSize(*image, imageWidth, imageHeight)) {
         // A size that could not be read counts as one pixel.
         imageWidth = std::max(imageWidth, 1);
         imageHeight = std::max(imageHeight, 1);
@@ -43,8 +43,8 @@ PoseRect PlacePoseImage(std::optional<PoseImage> image, float centreX, float bot
 }
 
 float MouthX(float centreX, float height) {
-    const std::optional<PoseImage> image =
-        FirstLoaded({PoseImage::Blow, PoseImage::Idle, PoseImage::Cheer, PoseImage::Celebrate});
-    const PoseRect rect = PlacePoseImage(image, centreX, 0, height, 0);
+    const std::optional<PosePictureKind> image =
+        FirstLoaded({PosePictureKind::Blow, PosePictureKind::Idle, PosePictureKind::Cheer, PosePictureKind::Celebrate});
+    const PoseRect rect = PlacePosePicture(image, centreX, 0, height, 0);
     return rect.x + 0.72f * rect.width;
 }

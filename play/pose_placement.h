@@ -22,12 +22,12 @@ struct PoseRect {
 
 // The picture to draw for a pose: its own when loaded, else the first loaded
 // of standing, cheering, blowing, celebrating; none when no picture loaded.
-std::optional<PoseImage> SelectPoseImage(int pose);
+std::optional<PosePictureKind> SelectPosePicture(int pose);
 
 // The rectangle a picture fills when it is scaled uniformly to the height
 // max(height, 40) and stands centred on (centreX, bottom), moved down by
 // offsetY. Without a picture it is placed as if 100 x 100 pixels.
-PoseRect PlacePoseImage(std::optional<PoseImage> image, float centreX, float bottom, float height,
+PoseRect PlacePosePicture(std::optional<PosePictureKind> image, float centreX, float bottom, float height,
                         float offsetY);
 
 // The x from which the penguin blows: 72 % across the blowing picture (or

@@ -200,8 +200,8 @@ TextSize MeasureText(Canvas& canvas, const wchar_t* text, const TextFont& font, 
     return {measured.Width, measured.Height};
 }
 
-void DrawPoseImage(Canvas& canvas, PoseImage pose, const BoxF& box, float opacity) {
-    const PosePicture* picture = PoseSlotPicture(pose);
+void DrawPoseImage(Canvas& canvas, PosePictureKind pose, const BoxF& box, float opacity) {
+    const PosePicture* picture = LoadedPosePicture(pose);
     if (!picture) return;
     Gdiplus::Image* image = picture->image.get();
     Gdiplus::Graphics& graphics = canvas.graphics;

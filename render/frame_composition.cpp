@@ -6,7 +6,7 @@
 #include "play/screen_areas.h"
 #include "render/bubble_drawing.h"
 #include "render/frame_layers.h"
-#include "render/penguin_sprite.h"
+#include "render/penguin_drawing.h"
 #include "settings/language.h"
 #include "text/labels.h"
 

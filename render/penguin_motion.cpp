@@ -50,7 +50,7 @@ PenguinDraws PlanPenguin(bool fadeIntoCelebrating) {
     if (field.celebrateTimeLeft > 0) {
         const HopPose hop = HopAt(field.celebratePhase, bottom, height);
         int32_t width = 0, celebrateHeight = 0;
-        if (fadeIntoCelebrating && PoseImageSize(PoseImage::Celebrate, width, celebrateHeight)) {
+        if (fadeIntoCelebrating && LoadedPoseSize(PosePictureKind::Celebrate, width, celebrateHeight)) {
             const float e = CrossFadeIn(field.celebrateTimeLeft);
             if (e > 0.001f) {
                 // The standing (or blowing) picture fades out under the

@@ -13,7 +13,7 @@
 #include <numeric>
 #include <vector>
 
-#include "assets/sprite_filters.h"
+#include "assets/pose_picture_filters.h"
 #include "tests/fuzz/fuzz_input.h"
 
 namespace {
@@ -25,7 +25,7 @@ struct Picture {
     ptrdiff_t stride = 0;
     std::vector<uint8_t> bytes;
 
-    SpritePixels Pixels() { return {bytes.data(), width, height, stride}; }
+    PicturePixels Pixels() { return {bytes.data(), width, height, stride}; }
     const uint8_t* At(int32_t x, int32_t y) const { return &bytes[static_cast<size_t>(y * stride + x * 4)]; }
     uint8_t Alpha(int32_t x, int32_t y) const { return At(x, y)[3]; }
     bool Visible(int32_t x, int32_t y) const { return Alpha(x, y) >= kVisibleAlpha; }

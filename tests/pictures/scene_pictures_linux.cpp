@@ -36,9 +36,9 @@ bool BackendDrawsScene(const Scene& scene) { return !scene.withoutFonts; }
 // system, which is told the loaded pictures' sizes.
 void ReportPoseSizes() {
     g_fake.poseSizes.clear();
-    for (PoseImage pose : {PoseImage::Idle, PoseImage::Blow, PoseImage::Celebrate, PoseImage::Cheer}) {
+    for (PosePictureKind pose : {PosePictureKind::Idle, PosePictureKind::Blow, PosePictureKind::Celebrate, PosePictureKind::Cheer}) {
         int32_t width = 0, height = 0;
-        if (const PosePicture* picture = PoseSlotPicture(pose)) {
+        if (const PosePicture* picture = LoadedPosePicture(pose)) {
             PosePictureSize(*picture, width, height);
             g_fake.poseSizes[pose] = {width, height};
         }

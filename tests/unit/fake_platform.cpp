@@ -21,7 +21,7 @@ void PlayWavImage(const uint8_t* image) { g_fake.played.push_back(image); }
 void InvalidateClientRect(WindowHandle window, const Rect& client) { g_fake.invalidated.push_back({window, client}); }
 void EndPlay() { ++g_fake.endPlayCalls; }
 
-bool PoseImageSize(PoseImage image, int32_t& width, int32_t& height) {
+bool LoadedPoseSize(PosePictureKind image, int32_t& width, int32_t& height) {
     const auto found = g_fake.poseSizes.find(image);
     if (found == g_fake.poseSizes.end()) return false;
     std::tie(width, height) = found->second;

@@ -24,7 +24,7 @@ struct FakePlatform {
     std::vector<const uint8_t*> played;     // PlayWavImage, in order
     std::vector<Invalidation> invalidated;  // in order
     int endPlayCalls = 0;
-    std::map<PoseImage, std::pair<int32_t, int32_t>> poseSizes;  // the loaded pictures
+    std::map<PosePictureKind, std::pair<int32_t, int32_t>> poseSizes;  // the loaded pictures
 };
 
 extern FakePlatform g_fake;

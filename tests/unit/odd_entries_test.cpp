@@ -103,7 +103,7 @@ TEST(OddEntries, ReadAsNoFile) {
         EXPECT_EQ(g_bestScore, 0);
 
         Put(pose, c.odd, realPose);
-        EXPECT_FALSE(LoadSpriteFile(WidePath(pose)));
+        EXPECT_FALSE(LoadPosePictureFile(WidePath(pose)));
 
         Put(font, c.odd, realFont);
         LoadedFont face;

@@ -16,7 +16,7 @@ namespace {
 TEST(PenguinMotion, FadesOnlyIntoTheCelebrationsOwnPicture) {
     for (const bool loaded : {false, true}) {
         ResetWorld();
-        if (loaded) g_fake.poseSizes[PoseImage::Celebrate] = {300, 400};
+        if (loaded) g_fake.poseSizes[PosePictureKind::Celebrate] = {300, 400};
         g_playField.celebrateTimeLeft = 64;  // the fade is over
         EXPECT_EQ(PlanPenguin(true).draws[0].pose, loaded ? kPoseCelebrating : kPoseStanding) << loaded;
         EXPECT_EQ(PlanPenguin(false).draws[0].pose, kPoseStanding) << "happy.png hops without a fade";
@@ -60,7 +60,7 @@ TEST(PenguinMotion, BobsAndWobbles) {
     };
     for (const auto& c : cases) {
         ResetWorld();
-        if (c.blowLoaded) g_fake.poseSizes[PoseImage::Blow] = {300, 600};
+        if (c.blowLoaded) g_fake.poseSizes[PosePictureKind::Blow] = {300, 600};
         g_dpiScale = c.scale;
         g_playField.penguinBox = c.box;
         g_playField.blowing = c.blowing;

@@ -93,20 +93,20 @@ TEST(FrameTick, ClocksAndCountdownsMoveOneTickAtATime) {
 }
 
 TEST(PosePlacement, FallbacksSizesAndTheMouth) {
-    using P = PoseImage;
+    using P = PosePictureKind;
     ResetWorld();
     LayoutPlayField();  // no pictures: a 240 x 240 stand-in
     EXPECT_FLOAT_EQ(g_playField.mouthX, 1742 + 0.22f * 240);
-    EXPECT_EQ(SelectPoseImage(kPoseBlowing), std::nullopt);
+    EXPECT_EQ(SelectPosePicture(kPoseBlowing), std::nullopt);
     g_fake.poseSizes = {{P::Celebrate, {300, 600}}, {P::Cheer, {300, 600}}};
-    EXPECT_TRUE(SelectPoseImage(kPoseBlowing) == P::Cheer && SelectPoseImage(kPoseCelebrating) == P::Celebrate);
+    EXPECT_TRUE(SelectPosePicture(kPoseBlowing) == P::Cheer && SelectPosePicture(kPoseCelebrating) == P::Celebrate);
     g_fake.poseSizes[P::Blow] = {200, 100};
     g_fake.poseSizes[P::Idle] = {0, 0};  // an unreadable size counts as 1 x 1
-    EXPECT_TRUE(SelectPoseImage(kPoseBlowing) == P::Blow && SelectPoseImage(kPoseStanding) == P::Idle);
-    EXPECT_FLOAT_EQ(PlacePoseImage(P::Idle, 500, 900, 240, 0).width, 240);
-    const PoseRect tall = PlacePoseImage(P::Cheer, 500, 900, 240, 5);
+    EXPECT_TRUE(SelectPosePicture(kPoseBlowing) == P::Blow && SelectPosePicture(kPoseStanding) == P::Idle);
+    EXPECT_FLOAT_EQ(PlacePosePicture(P::Idle, 500, 900, 240, 0).width, 240);
+    const PoseRect tall = PlacePosePicture(P::Cheer, 500, 900, 240, 5);
     EXPECT_TRUE(tall.x == 440 && tall.y == 665 && tall.width == 120 && tall.height == 240);
-    EXPECT_FLOAT_EQ(PlacePoseImage(P::Cheer, 500, 900, 30, 0).height, 40);
+    EXPECT_FLOAT_EQ(PlacePosePicture(P::Cheer, 500, 900, 30, 0).height, 40);
     LayoutPlayField();  // the wide blowing picture: 480 x 240
     EXPECT_FLOAT_EQ(g_playField.mouthX, 1742 - 240 + 0.72f * 480);
 }

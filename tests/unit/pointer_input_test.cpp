@@ -186,7 +186,7 @@ TEST_F(PointerInput, PenguinHitIsTheDrawnPictureWithoutItsSideMargins) {
     }
     LayoutPlayField();
     // A narrow standing and a wide blowing picture: the hit follows the one on show.
-    g_fake.poseSizes = {{PoseImage::Idle, {100, 200}}, {PoseImage::Blow, {200, 200}}};
+    g_fake.poseSizes = {{PosePictureKind::Idle, {100, 200}}, {PosePictureKind::Blow, {200, 200}}};
     EXPECT_FALSE(PenguinHit({1642, 800}));
     g_playField.blowing = true;
     EXPECT_TRUE(PenguinHit({1642, 800}));

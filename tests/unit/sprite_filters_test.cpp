@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "assets/sprite_filters.h"
+#include "assets/pose_picture_filters.h"
 
 namespace {
 
@@ -43,7 +43,7 @@ public:
         }
     }
 
-    SpritePixels Pixels() { return {bytes_.data(), width_, height_, stride_}; }
+    PicturePixels Pixels() { return {bytes_.data(), width_, height_, stride_}; }
 
     void Set(int32_t x, int32_t y, Colour c) {
         uint8_t* p = &bytes_[static_cast<size_t>(y * stride_ + x * 4)];

@@ -52,10 +52,10 @@ puffino_wine_tests(settings_tests
 # The pose pictures' loading with its fallbacks and their clean-up.
 set(POSE_LOADER_SOURCES
   ${PROJECT_SOURCE_DIR}/assets/penguin_images.cpp
-  ${PROJECT_SOURCE_DIR}/assets/pose_image_size.cpp
+  ${PROJECT_SOURCE_DIR}/assets/loaded_pose_size.cpp
   ${PROJECT_SOURCE_DIR}/assets/penguin_images_win.cpp
-  ${PROJECT_SOURCE_DIR}/assets/sprite_prepare_win.cpp
-  ${PROJECT_SOURCE_DIR}/assets/sprite_filters.cpp
+  ${PROJECT_SOURCE_DIR}/assets/pose_picture_prepare_win.cpp
+  ${PROJECT_SOURCE_DIR}/assets/pose_picture_filters.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/file_paths.cpp
   ${PROJECT_SOURCE_DIR}/assets/asset_paths_win.cpp)

@@ -7,8 +7,8 @@
 #include <map>
 
 #include "assets/penguin_images_win.h"
-#include "assets/sprite_filters.h"
-#include "assets/sprite_prepare_win.h"
+#include "assets/pose_picture_filters.h"
+#include "assets/pose_picture_prepare_win.h"
 #include "tests/wine/gdiplus_test_support_win.h"
 
 namespace fs = std::filesystem;
@@ -42,13 +42,13 @@ protected:
 };
 
 // Heights of the standing, blowing, celebrating and cheering slots (0:
-// empty) as PoseImageSize reports them.
+// empty) as LoadedPoseSize reports them.
 using Heights = std::array<int32_t, 4>;
 Heights SlotHeights() {
     Heights heights{};
     int32_t width = 0;
-    for (PoseImage pose : {PoseImage::Idle, PoseImage::Blow, PoseImage::Celebrate, PoseImage::Cheer}) {
-        PoseImageSize(pose, width, heights[static_cast<size_t>(pose)]);
+    for (PosePictureKind pose : {PosePictureKind::Idle, PosePictureKind::Blow, PosePictureKind::Celebrate, PosePictureKind::Cheer}) {
+        LoadedPoseSize(pose, width, heights[static_cast<size_t>(pose)]);
     }
     return heights;
 }
@@ -82,8 +82,8 @@ TEST_F(PenguinImages, EachSlotTakesTheFirstNameThatLoads) {
         LoadPenguinImages(folder.wstring());
         EXPECT_EQ(SlotHeights(), c.slots);
         EXPECT_EQ(g_penguinImages.celebratingIsYatta, c.yatta);
-        if (g_penguinImages.blowImage) {
-            EXPECT_NE(g_penguinImages.blowImage.get(), g_penguinImages.idleImage.get()) << "a copy of its own";
+        if (g_penguinImages.blowPicture) {
+            EXPECT_NE(g_penguinImages.blowPicture.get(), g_penguinImages.idlePicture.get()) << "a copy of its own";
         }
     }
     LoadPenguinImages(L"");  // releases what the last load held and loads nothing
@@ -103,7 +103,7 @@ TEST_F(PenguinImages, ShippedPosesAreWholePicturesReadyForTheFilters) {
         // The loaded picture is exactly the filters run over the decoded
         // pixels: the working copy neither blends nor resamples.
         std::vector<uint32_t> expected = PixelsOf(decoded);
-        const SpritePixels pixels{reinterpret_cast<uint8_t*>(expected.data()), static_cast<int32_t>(decoded.GetWidth()),
+        const PicturePixels pixels{reinterpret_cast<uint8_t*>(expected.data()), static_cast<int32_t>(decoded.GetWidth()),
                                   static_cast<int32_t>(decoded.GetHeight()),
                                   static_cast<ptrdiff_t>(decoded.GetWidth()) * 4};
         const std::vector<uint32_t> before = expected;
@@ -111,7 +111,7 @@ TEST_F(PenguinImages, ShippedPosesAreWholePicturesReadyForTheFilters) {
         EXPECT_TRUE(expected == before) << "every part of the penguin is kept";
         SoftenOutline(pixels);
         BleedColours(pixels);
-        const PoseSlot loaded = LoadSpriteFile(path);
+        const OwnedPosePicture loaded = LoadPosePictureFile(path);
         ASSERT_TRUE(loaded);
         EXPECT_TRUE(PixelsOf(*static_cast<Bitmap*>(loaded->image.get())) == expected);
         EXPECT_GT(std::count_if(expected.begin(), expected.end(), [](uint32_t p) { return p >> 24 == 150; }), 100)
@@ -200,7 +200,7 @@ TEST_F(PenguinImages, BrokenAndTinyPicturesNeverStopTheLoad) {
         WriteBytes(folder / "idle.png", c.idle);
         LoadPenguinImages(folder.wstring());
         int32_t width = 0, height = 0;
-        ASSERT_TRUE(PoseImageSize(PoseImage::Idle, width, height));
+        ASSERT_TRUE(LoadedPoseSize(PosePictureKind::Idle, width, height));
         EXPECT_EQ(width, c.width);
         EXPECT_EQ(height, c.height);
     }
@@ -216,11 +216,11 @@ TEST_F(PenguinImages, HugePictureIsLoadedWhole) {
                        [](uint32_t y) { return std::string(2048, y < 256 ? '\xff' : '\0'); }));
     LoadPenguinImages(folder.wstring());
     int32_t width = 0, height = 0;
-    ASSERT_TRUE(PoseImageSize(PoseImage::Idle, width, height));
+    ASSERT_TRUE(LoadedPoseSize(PosePictureKind::Idle, width, height));
     EXPECT_EQ(width, 16384);
     EXPECT_EQ(height, 16384);
     Gdiplus::Color colour;
-    auto* prepared = static_cast<Bitmap*>(g_penguinImages.idleImage->image.get());
+    auto* prepared = static_cast<Bitmap*>(g_penguinImages.idlePicture->image.get());
     prepared->GetPixel(9000, 100, &colour);
     EXPECT_EQ(colour.GetValue(), 0xFF508CC8u) << "the band is the whole drawing: no speck";
     prepared->GetPixel(9000, 300, &colour);

@@ -1,15 +1,15 @@
-// The GDI+ side of the sprite clean-up: the working copy and the pixel locks
+// The GDI+ side of the pose-picture clean-up: the working copy and the pixel locks
 // around the portable filters.
-#include "assets/sprite_prepare_win.h"
+#include "assets/pose_picture_prepare_win.h"
 
 #include <algorithm>
 
-#include "assets/sprite_filters.h"
+#include "assets/pose_picture_filters.h"
 
 namespace {
 
 // Runs a portable filter over the whole bitmap's pixels inside one lock.
-void FilterLocked(Gdiplus::Bitmap& bitmap, void (*filter)(const SpritePixels&)) {
+void FilterLocked(Gdiplus::Bitmap& bitmap, void (*filter)(const PicturePixels&)) {
     const INT width = static_cast<INT>(bitmap.GetWidth());
     const INT height = static_cast<INT>(bitmap.GetHeight());
     Gdiplus::Rect whole(0, 0, width, height);
@@ -26,7 +26,7 @@ void RemoveSpecks(Gdiplus::Bitmap& bitmap) { FilterLocked(bitmap, RemoveSpecks);
 void SoftenOutline(Gdiplus::Bitmap& bitmap) { FilterLocked(bitmap, SoftenOutline); }
 void BleedColours(Gdiplus::Bitmap& bitmap) { FilterLocked(bitmap, BleedColours); }
 
-std::unique_ptr<Gdiplus::Bitmap> PrepareSprite(Gdiplus::Image* image) {
+std::unique_ptr<Gdiplus::Bitmap> PreparePosePicture(Gdiplus::Image* image) {
     if (!image) return nullptr;
     // A size that cannot be read counts as one pixel.
     const INT width = std::max<INT>(static_cast<INT>(image->GetWidth()), 1);

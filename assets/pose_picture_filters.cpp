@@ -6,7 +6,7 @@
 // The scratch arrays carry a one-pixel frame around the picture, so that the
 // eight neighbours of any pixel are fixed offsets with no edge tests; the
 // frame stands for the pixels beyond the border that do not exist.
-#include "assets/sprite_filters.h"
+#include "assets/pose_picture_filters.h"
 
 #include <algorithm>
 #include <array>
@@ -20,13 +20,13 @@ constexpr int kGreen = 1;
 constexpr int kRed = 2;
 constexpr int kAlpha = 3;
 
-uint8_t* Row(const SpritePixels& pixels, int32_t y) { return pixels.bits + y * pixels.stride; }
+uint8_t* Row(const PicturePixels& pixels, int32_t y) { return pixels.bits + y * pixels.stride; }
 
 // Scratch indexing over the picture and its frame: pixel (x, y) is at
 // (y + 1) * width + (x + 1) with width = picture width + 2.
 struct Framed {
     size_t width, height;
-    explicit Framed(const SpritePixels& pixels)
+    explicit Framed(const PicturePixels& pixels)
         : width(static_cast<size_t>(pixels.width) + 2), height(static_cast<size_t>(pixels.height) + 2) {}
     size_t Count() const { return width * height; }
     size_t At(int32_t x, int32_t y) const {
@@ -41,7 +41,7 @@ struct Framed {
 
 // A scratch byte for every pixel and the frame: `visible` or `hidden` by
 // the pixel's alpha, `frame` around the picture.
-std::vector<uint8_t> VisibilityMap(const SpritePixels& pixels, const Framed& framed, uint8_t visible,
+std::vector<uint8_t> VisibilityMap(const PicturePixels& pixels, const Framed& framed, uint8_t visible,
                                    uint8_t hidden, uint8_t frame) {
     std::vector<uint8_t> state(framed.Count(), frame);
     for (int32_t y = 0; y < pixels.height; ++y) {
@@ -56,7 +56,7 @@ std::vector<uint8_t> VisibilityMap(const SpritePixels& pixels, const Framed& fra
 
 }  // namespace
 
-void RemoveSpecks(const SpritePixels& pixels) {
+void RemoveSpecks(const PicturePixels& pixels) {
     if (pixels.width < 3 || pixels.height < 3) return;
     const Framed framed(pixels);
 
@@ -123,7 +123,7 @@ void RemoveSpecks(const SpritePixels& pixels) {
     }
 }
 
-void SoftenOutline(const SpritePixels& pixels) {
+void SoftenOutline(const PicturePixels& pixels) {
     if (pixels.width < 2 || pixels.height < 2) return;
     const Framed framed(pixels);
     const auto neighbours = framed.Neighbours();
@@ -155,7 +155,7 @@ void SoftenOutline(const SpritePixels& pixels) {
     }
 }
 
-void BleedColours(const SpritePixels& pixels) {
+void BleedColours(const PicturePixels& pixels) {
     if (pixels.width < 3 || pixels.height < 3) return;
     const Framed framed(pixels);
     const auto neighbours = framed.Neighbours();

@@ -4,8 +4,8 @@
 
 #include "assets/penguin_images.h"
 
-bool PoseImageSize(PoseImage pose, int32_t& width, int32_t& height) {
-    const PosePicture* picture = PoseSlotPicture(pose);
+bool LoadedPoseSize(PosePictureKind pose, int32_t& width, int32_t& height) {
+    const PosePicture* picture = LoadedPosePicture(pose);
     if (!picture) return false;
     PosePictureSize(*picture, width, height);
     // A size that cannot be read counts as one pixel.

@@ -1,5 +1,5 @@
 // Drawing the penguin from its pose pictures.
-#include "render/penguin_sprite.h"
+#include "render/penguin_drawing.h"
 
 #include "render/penguin_motion.h"
 #include "play/pose_placement.h"
@@ -8,9 +8,9 @@ void DrawPenguin(Canvas& canvas) {
     const PenguinDraws plan = PlanPenguin(CelebratingIsYatta());
     for (int32_t i = 0; i < plan.count; ++i) {
         const PoseDraw& draw = plan.draws[i];
-        const std::optional<PoseImage> pose = SelectPoseImage(draw.pose);
+        const std::optional<PosePictureKind> pose = SelectPosePicture(draw.pose);
         if (!pose || draw.opacity <= 0.001f) continue;  // no pictures at all: no penguin
-        const PoseRect placed = PlacePoseImage(pose, draw.centreX, draw.bottom, draw.height, draw.offsetY);
+        const PoseRect placed = PlacePosePicture(pose, draw.centreX, draw.bottom, draw.height, draw.offsetY);
         DrawPoseImage(canvas, *pose, {placed.x, placed.y, placed.width, placed.height}, draw.opacity);
     }
 }

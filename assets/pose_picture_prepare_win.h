@@ -12,7 +12,7 @@
 // outline softened and its colours bled into the transparent border; none
 // when `image` is none or no working bitmap could be made (the loader then
 // keeps the picture as it is). Called by the pose picture loader.
-std::unique_ptr<Gdiplus::Bitmap> PrepareSprite(Gdiplus::Image* image);
+std::unique_ptr<Gdiplus::Bitmap> PreparePosePicture(Gdiplus::Image* image);
 
 // The filters on a GDI+ bitmap: each locks the whole bitmap as 32-bit ARGB
 // for reading and writing; a lock that fails leaves the bitmap unchanged.
