@@ -18,14 +18,14 @@ const std::array<std::wstring_view, 9> PoseFallbackNames = {
 namespace {
 
 // Loads folder\name.png into the slot unless the slot is already filled.
-void LoadPoseSlot(const std::wstring& folder, OwnedPosePicture& slot, std::wstring_view name) {
+void LoadPosePicture(const std::wstring& folder, OwnedPosePicture& slot, std::wstring_view name) {
     if (slot) return;
     slot = LoadPosePictureFile(JoinPath(folder, std::wstring(name) + L".png"));
 }
 
 void LoadWithFallbacks(const std::wstring& folder, OwnedPosePicture& slot) {
-    LoadPoseSlot(folder, slot, L"bubble");
-    for (const std::wstring_view name : PoseFallbackNames) LoadPoseSlot(folder, slot, name);
+    LoadPosePicture(folder, slot, L"bubble");
+    for (const std::wstring_view name : PoseFallbackNames) LoadPosePicture(folder, slot, name);
 }
 
 }  // namespace
@@ -39,15 +39,15 @@ void LoadPenguinImages(const std::wstring& folder) {
 
     // The standing and celebrating slots borrow the blowing picture (as a
     // copy of their own) and then any fallback name rather than stay empty.
-    LoadPoseSlot(folder, images.idlePicture, L"idle");
+    LoadPosePicture(folder, images.idlePicture, L"idle");
     LoadWithFallbacks(folder, images.idlePicture);
 
-    LoadPoseSlot(folder, images.celebratePicture, L"yatta");
+    LoadPosePicture(folder, images.celebratePicture, L"yatta");
     images.celebratingIsYatta = images.celebratePicture != nullptr;
-    LoadPoseSlot(folder, images.celebratePicture, L"happy");
+    LoadPosePicture(folder, images.celebratePicture, L"happy");
     LoadWithFallbacks(folder, images.celebratePicture);
 
-    LoadPoseSlot(folder, images.cheerPicture, L"hurray");
+    LoadPosePicture(folder, images.cheerPicture, L"hurray");
 }
 
 void ReleasePenguinImages() {

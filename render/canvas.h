@@ -103,7 +103,7 @@ TextSize MeasureText(Canvas& canvas, const wchar_t* text, const TextFont& font, 
 
 // The pose picture scaled into the box, smoothly, its alpha multiplied by
 // the opacity; nothing when the pose has no picture.
-void DrawPoseImage(Canvas& canvas, PosePictureKind pose, const BoxF& box, float opacity);
+void DrawPosePicture(Canvas& canvas, PosePictureKind pose, const BoxF& box, float opacity);
 
 // Saves the clip and the transformation; each save is undone by one restore.
 void SaveState(Canvas& canvas);

@@ -270,7 +270,7 @@ TextSize MeasureText(Canvas& canvas, const wchar_t* text, const TextFont& font, 
             static_cast<float>(font.face ? font.face->lineSpacing * font.pixels : extents.height)};
 }
 
-void DrawPoseImage(Canvas& canvas, PosePictureKind pose, const BoxF& box, float opacity) {
+void DrawPosePicture(Canvas& canvas, PosePictureKind pose, const BoxF& box, float opacity) {
     const PosePicture* picture = LoadedPosePicture(pose);
     if (!picture || picture->width < 1 || picture->height < 1) return;
     cairo_t* cr = canvas.cr;

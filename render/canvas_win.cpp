@@ -200,7 +200,7 @@ TextSize MeasureText(Canvas& canvas, const wchar_t* text, const TextFont& font, 
     return {measured.Width, measured.Height};
 }
 
-void DrawPoseImage(Canvas& canvas, PosePictureKind pose, const BoxF& box, float opacity) {
+void DrawPosePicture(Canvas& canvas, PosePictureKind pose, const BoxF& box, float opacity) {
     const PosePicture* picture = LoadedPosePicture(pose);
     if (!picture) return;
     Gdiplus::Image* image = picture->image.get();

@@ -11,6 +11,6 @@ void DrawPenguin(Canvas& canvas) {
         const std::optional<PosePictureKind> pose = SelectPosePicture(draw.pose);
         if (!pose || draw.opacity <= 0.001f) continue;  // no pictures at all: no penguin
         const PoseRect placed = PlacePosePicture(pose, draw.centreX, draw.bottom, draw.height, draw.offsetY);
-        DrawPoseImage(canvas, *pose, {placed.x, placed.y, placed.width, placed.height}, draw.opacity);
+        DrawPosePicture(canvas, *pose, {placed.x, placed.y, placed.width, placed.height}, draw.opacity);
     }
 }
