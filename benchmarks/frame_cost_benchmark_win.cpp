@@ -17,6 +17,7 @@
 
 #include "play/display_records.h"
 #include "play/sound_bank.h"
+#include "play/window_handle_win.h"
 #include "assets/asset_paths.h"
 #include "assets/fonts.h"
 #include "assets/penguin_images.h"
@@ -87,11 +88,11 @@ void Measure(const Scene& scene, int ticks) {
     home.playRect = home.screenRect = {0, 0, scene.width, scene.height};
     home.width = scene.width;
     home.height = scene.height;
-    home.window = hwnd;
+    home.window = HandleOf(hwnd);
     home.home = true;
     home.sceneryTheme = 0;  // the seaside: gradients, waves and clouds
     g_displayWindows = {home};
-    g_homeWindow = hwnd;
+    g_homeWindow = HandleOf(hwnd);
     g_virtualWidth = scene.width;
     g_virtualHeight = scene.height;
     g_dpiScale = scene.scale;
