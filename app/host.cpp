@@ -34,6 +34,19 @@ void DestroyDisplayWindows() {
     g_displayWindows.clear();
 }
 
+namespace {
+
+// A display's record, its window not yet made; each gets a landscape of its own.
+void AddDisplayRecord(const Rect& screenRect, bool home) {
+    DisplayWindow window;
+    PlaceDisplayWindow(window, screenRect);
+    window.home = home;
+    window.sceneryTheme = static_cast<uint32_t>(RandomInt(0, 4));
+    g_displayWindows.push_back(window);
+}
+
+}  // namespace
+
 void CreateDisplayWindows() {
     // Forget the home window before it goes: its destruction ends play only
     // while it is the home window, and a rebuild must not end play.
@@ -47,23 +60,14 @@ void CreateDisplayWindows() {
     g_virtualWidth = Width(all);
     g_virtualHeight = Height(all);
     for (const Rect& monitor : monitors) {
-        DisplayWindow window;
-        PlaceDisplayWindow(window, monitor);
         // The launch value is read afresh for every monitor; only its
         // top-left corner has to match.
         Rect launch;
-        window.home = ChooseLaunchMonitor(launch) && monitor.left == launch.left && monitor.top == launch.top;
-        window.sceneryTheme = static_cast<uint32_t>(RandomInt(0, 4));
-        g_displayWindows.push_back(window);
+        AddDisplayRecord(monitor,
+                         ChooseLaunchMonitor(launch) && monitor.left == launch.left && monitor.top == launch.top);
     }
-    if (g_displayWindows.empty() && !IsEmpty(all)) {
-        // No monitor listed: one home window over the whole virtual screen.
-        DisplayWindow window;
-        PlaceDisplayWindow(window, all);
-        window.home = true;
-        window.sceneryTheme = static_cast<uint32_t>(RandomInt(0, 4));
-        g_displayWindows.push_back(window);
-    }
+    // No monitor listed: one home window over the whole virtual screen.
+    if (g_displayWindows.empty() && !IsEmpty(all)) AddDisplayRecord(all, true);
 
     for (size_t i = 0; i < g_displayWindows.size(); ++i) {
         const WindowHandle made = MakePlatformWindow(g_displayWindows[i].screenRect, i);
